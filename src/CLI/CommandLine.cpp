@@ -1,0 +1,106 @@
+#include "CLI/CommandLine.h"
+
+#include "Support/Localization.h"
+
+#include <CLI/CLI.hpp>
+
+#include <functional>
+#include <iostream>
+#include <string>
+
+namespace kerlune {
+
+namespace {
+
+using Command = std::function<int(const CommandContext &, OutputFormat)>;
+
+std::shared_ptr<CLI::Formatter> makeHelpFormatter()
+{
+    auto formatter = std::make_shared<CLI::Formatter>();
+    formatter->label("Usage", localized("Utilisation"));
+    formatter->label("OPTIONS", localized("[OPTIONS]"));
+    formatter->label("SUBCOMMAND", localized("COMMANDE"));
+    formatter->column_width(24);
+    return formatter;
+}
+
+std::string usageMessage(const CLI::App &app, const CLI::ParseError &error)
+{
+    const auto unexpected = app.remaining(true);
+    if (!unexpected.empty())
+        return localized("Argument inattendu : « %1 ».", {unexpected.front()});
+    return localized("Arguments incorrects : %1", {error.what()});
+}
+
+int reportWrongUsage(const std::string &message)
+{
+    std::cerr << "kerlune: " << message << '\n'
+              << "kerlune: " << localized("« kerlune --help » donne les commandes.") << '\n';
+    return kWrongUsage;
+}
+
+class Parser final {
+public:
+    Parser()
+        : m_app(localized("Kerlune, la bibliothèque de polices."), "kerlune")
+    {
+        m_app.formatter(makeHelpFormatter());
+        m_app.set_help_flag("-h,--help", localized("Affiche cette aide."))->group(optionsGroup());
+        m_app.set_version_flag("--version", "kerlune " KERLUNE_VERSION, localized("Affiche la version."))
+            ->group(optionsGroup());
+        add("index", localized("Relit toutes les polices disponibles et enregistre l’index."), runIndexCommand);
+        add("faces", localized("Affiche les polices de l’index."), runFacesCommand);
+    }
+
+    int run(int argc, const char *const *argv, const CommandContext &context)
+    {
+        try {
+            m_app.parse(argc, argv);
+        } catch (const CLI::CallForHelp &) {
+            std::cout << m_app.help();
+            return kDone;
+        } catch (const CLI::CallForVersion &) {
+            std::cout << m_app.version() << '\n';
+            return kDone;
+        } catch (const CLI::ParseError &error) {
+            return reportWrongUsage(usageMessage(m_app, error));
+        }
+        return m_chosen ? finish(m_chosen(context, m_format))
+                        : reportWrongUsage(localized("Il manque une commande."));
+    }
+
+private:
+    static std::string optionsGroup() { return localized("Options"); }
+
+    void add(const std::string &name, const std::string &description, Command command)
+    {
+        CLI::App *subcommand = m_app.add_subcommand(name, description)->group(localized("Commandes"));
+        subcommand->add_flag_callback("--json", [this] { m_format = OutputFormat::Json; },
+                                      localized("Écrit le résultat en JSON."))
+            ->group(optionsGroup());
+        subcommand->callback([this, command = std::move(command)] { m_chosen = command; });
+    }
+
+    // A result that could not be written (a full disk, a closed pipe) is no result.
+    static int finish(int status)
+    {
+        std::cout.flush();
+        if (std::cout.good() || status != kDone)
+            return status;
+        std::cerr << "kerlune: " << localized("Écriture de la sortie impossible.") << '\n';
+        return kFailed;
+    }
+
+    CLI::App m_app;
+    OutputFormat m_format = OutputFormat::Text;
+    Command m_chosen;
+};
+
+} // namespace
+
+int runCommandLine(int argc, const char *const *argv, const CommandContext &context)
+{
+    return Parser().run(argc, argv, context);
+}
+
+} // namespace kerlune

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "Platform/Directories.h"
+
+namespace kerlune {
+
+class FontCatalog;
+
+// What a command works on.
+struct CommandContext {
+    const FontCatalog &catalog;
+    const Directories &directories;
+};
+
+enum class OutputFormat { Text, Json };
+
+// Exit statuses.
+inline constexpr int kDone = 0;
+inline constexpr int kFailed = 1;
+inline constexpr int kWrongUsage = 2;
+
+int runIndexCommand(const CommandContext &context, OutputFormat format);
+int runFacesCommand(const CommandContext &context, OutputFormat format);
+
+} // namespace kerlune

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "Platform/Directories.h"
+#include "Store/FontIndexStore.h"
+
+#include <memory>
+
+namespace kerlune {
+
+// Opens the index of the user, or says on standard error why it cannot be opened and returns null.
+std::unique_ptr<FontIndexStore> openStore(const Directories &directories);
+
+// Says on standard error what failed and what can be done about it.
+void reportStoreError(const FontIndexStore::StoreError &error, const Directories &directories);
+
+} // namespace kerlune

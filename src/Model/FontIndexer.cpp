@@ -1,0 +1,184 @@
+#include "Model/FontIndexer.h"
+
+#include "Model/Classifier.h"
+#include "Model/FontTraits.h"
+#include "Model/SFNTReader.h"
+#include "Model/ScriptCoverage.h"
+#include "Platform/FontFace.h"
+#include "Platform/FontMetrics.h"
+#include "Support/CpuStopwatch.h"
+#include "Support/Text.h"
+
+#include <tbb/parallel_for.h>
+
+#include <algorithm>
+#include <chrono>
+#include <mutex>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+
+namespace kerlune {
+
+namespace {
+
+using Extraction = tl::expected<FontRecord, FontError>;
+
+constexpr std::int64_t kProgressStep = 128;
+constexpr std::chrono::seconds kMostTimeForAFace{2};
+
+tl::expected<FontRecord, FontError> extractFace(const std::shared_ptr<const FontFace> &face)
+{
+    const auto postScriptName = face->postScriptName();
+    if (!postScriptName)
+        return tl::unexpected(FontError::NoPostScriptName);
+    if (postScriptName->front() == '.')
+        return tl::unexpected(FontError::HiddenName);
+    if (face->unitsPerEm() == 0)
+        return tl::unexpected(FontError::NoUnitsPerEm);
+
+    const SFNTReader::OS2Info os2 = SFNTReader::readOS2(*face);
+    const FontTraits traits = readTraits(*face, os2);
+    const FontMetrics metrics = readMetrics(face);
+
+    FontRecord record;
+    record.postScriptName = *postScriptName;
+    record.family = face->familyName().value_or(*postScriptName);
+    record.style = face->styleName().value_or("");
+    record.filePath = face->file()->path();
+    record.mtime = face->file()->modificationTime();
+    record.fileSize = face->file()->size();
+    record.weight = traits.weight;
+    record.width = traits.width;
+    record.slant = traits.slant;
+    record.symbolicTraits = traits.symbolic;
+    record.isVariable = face->isVariable();
+    record.isMonospace = (traits.symbolic & FontTraits::kMonospace) != 0 || os2.panoseMonospaced;
+    record.isColor = (traits.symbolic & FontTraits::kColor) != 0;
+    record.isItalic = (traits.symbolic & FontTraits::kItalic) != 0 || traits.slant > 0.02;
+    record.xHeightRatio = metrics.xHeight;
+    record.capHeightRatio = metrics.capHeight;
+    record.glyphCount = face->glyphCount();
+    record.scriptMask = ScriptCoverage::mask(*face);
+    record.classification =
+        Classifier::classify({record.family, record.isMonospace, record.scriptMask, record.glyphCount, traits.symbolic}, face);
+    record.version = face->name(NameId::Version);
+    record.foundry = face->name(NameId::Manufacturer);
+    record.designer = face->name(NameId::Designer);
+    record.licenseURL = face->name(NameId::LicenseUrl);
+    record.copyrightNotice = face->name(NameId::Copyright);
+    record.fsType = os2.fsType;
+    return record;
+}
+
+// Opens descriptors one after the other; neighbours from one file share its opening.
+class FaceOpener final {
+public:
+    tl::expected<std::shared_ptr<const FontFace>, FontError> open(const FontDescriptor &descriptor)
+    {
+        if (m_file == nullptr || m_file->path() != descriptor.path) {
+            auto file = FontFile::open(descriptor.path);
+            if (!file)
+                return tl::unexpected(file.error());
+            m_file = *std::move(file);
+        }
+        return FontFace::open(m_file, descriptor.faceIndex, descriptor.instanceIndex);
+    }
+
+private:
+    std::shared_ptr<const FontFile> m_file;
+};
+
+Extraction extractWithin(std::chrono::nanoseconds mostTime, FaceOpener &opener, const FontDescriptor &descriptor)
+{
+    const CpuStopwatch stopwatch;
+    Extraction record = opener.open(descriptor).and_then(extractFace);
+    if (stopwatch.elapsed() > mostTime)
+        return tl::unexpected(FontError::TooCostly);
+    return record;
+}
+
+} // namespace
+
+FontIndexer::FontIndexer(const FontCatalog &catalog)
+    : m_catalog(catalog)
+{
+}
+
+FontIndexer::Index FontIndexer::buildIndex(const ProgressHandler &onProgress) const
+{
+    FontCatalog::Listing available = availableDescriptors(Duplicates::Remove);
+    const std::vector<FontDescriptor> &fonts = available.fonts;
+    const auto total = static_cast<std::int64_t>(fonts.size());
+
+    std::vector<FontRecordPointer> slots(fonts.size());
+    std::vector<std::optional<FontError>> problems(fonts.size());
+    std::int64_t completed = 0;
+    std::mutex mutex; // guards the three above
+
+    tbb::parallel_for(tbb::blocked_range(std::size_t{0}, fonts.size()), [&](const auto &range) {
+        FaceOpener opener;
+        for (std::size_t i = range.begin(); i != range.end(); ++i) {
+            Extraction extraction = extractWithin(kMostTimeForAFace, opener, fonts[i]);
+            FontRecordPointer record;
+            if (extraction)
+                record = std::make_shared<const FontRecord>(*std::move(extraction));
+            std::int64_t done = 0;
+            {
+                const std::lock_guard lock(mutex);
+                if (record == nullptr)
+                    problems[i] = extraction.error();
+                slots[i] = std::move(record);
+                done = ++completed;
+            }
+            if (onProgress && (done % kProgressStep == 0 || done == total))
+                onProgress({done, total});
+        }
+    });
+
+    Index index{{}, std::move(available.skipped)};
+    for (std::size_t i = 0; i < fonts.size(); ++i) {
+        if (problems[i])
+            index.skipped.push_back({fonts[i].path, *problems[i]});
+        else
+            index.records.push_back(std::move(slots[i]));
+    }
+    return index;
+}
+
+FontCatalog::Listing FontIndexer::availableDescriptors(Duplicates duplicates) const
+{
+    return m_catalog.availableFonts(duplicates);
+}
+
+tl::expected<FontRecord, FontError> FontIndexer::extract(const FontDescriptor &descriptor)
+{
+    return FontFace::open(descriptor).and_then(extractFace);
+}
+
+std::vector<FontFamily> FontIndexer::groupIntoFamilies(std::span<const FontRecordPointer> records)
+{
+    std::vector<FontFamily> families;
+    std::unordered_map<std::string_view, std::size_t> positions; // views into the records, which stay
+    for (const FontRecordPointer &record : records) {
+        const auto [position, isNew] = positions.try_emplace(record->family, families.size());
+        if (isNew)
+            families.push_back({record->family, {}});
+        families[position->second].faces.push_back(record);
+    }
+
+    const NameCollator collator;
+    std::vector<std::pair<std::string, std::size_t>> keys;
+    keys.reserve(families.size());
+    for (std::size_t i = 0; i < families.size(); ++i)
+        keys.emplace_back(collator.sortKey(families[i].name), i);
+    std::sort(keys.begin(), keys.end()); // equal keys by position: stable
+
+    std::vector<FontFamily> sorted;
+    sorted.reserve(families.size());
+    for (const auto &[key, position] : keys)
+        sorted.push_back(std::move(families[position]));
+    return sorted;
+}
+
+} // namespace kerlune

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "Support/BigEndian.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace kerlune {
+
+class FaceTables;
+
+// Which characters a face has, and by which glyph (OpenType 'cmap').
+//
+// The fullest Unicode subtable is used: (3,10), (0,6), (0,4), (3,1), (0,3), (0,2), (0,1), (0,0), in formats 0, 4, 6, 10,
+// 12 and 13. A symbol face (3,0) has no characters of Unicode. An old Macintosh face, which has neither, is read
+// through Mac Roman. A character that is mapped to glyph 0 is missing.
+//
+// Thread: any.
+class CharacterMap final {
+public:
+    static CharacterMap read(const FaceTables &tables);
+
+    CharacterMap() = default; // without characters
+
+    std::uint32_t glyph(char32_t character) const; // 0 when the face lacks it
+    bool contains(char32_t character) const { return glyph(character) != 0; }
+
+private:
+    enum class Encoding { Unicode, MacRoman };
+
+    CharacterMap(std::vector<std::uint8_t> subtable, Encoding encoding);
+
+    std::uint32_t lookUp(std::uint32_t code) const;
+    std::uint32_t lookUpSegments(std::uint32_t code) const; // format 4
+    std::uint32_t lookUpGroups(std::uint32_t code) const;   // formats 12 and 13
+    std::uint32_t glyphInSegment(std::size_t segment, std::uint32_t code) const;
+    std::uint32_t glyphInGroup(std::size_t group, std::uint32_t code) const;
+    bool isSorted() const;
+
+    std::vector<std::uint8_t> m_subtable;
+    Encoding m_encoding = Encoding::Unicode;
+    std::uint16_t m_format = 0;
+    std::size_t m_count = 0;  // segments or groups
+    bool m_isSorted = true;   // segments in order, so that a binary search finds them
+};
+
+} // namespace kerlune

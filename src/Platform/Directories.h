@@ -1,0 +1,18 @@
+#pragma once
+
+#include <filesystem>
+
+namespace kerlune {
+
+// Where the program keeps its files, by the XDG Base Directory Specification. None of them is created here.
+struct Directories {
+    std::filesystem::path userLibrary;        // $XDG_DATA_HOME
+    std::filesystem::path applicationSupport; // the index and the user's own data
+    std::filesystem::path caches;             // what can be made again
+    std::filesystem::path configuration;      // settings
+
+    // From the environment; a variable that is unset, empty or not absolute takes its default below the home folder.
+    static Directories fromEnvironment();
+};
+
+} // namespace kerlune

@@ -1,0 +1,76 @@
+#include "Platform/FontCatalog.h"
+
+#include "Platform/FontFace.h"
+#include "Support/Text.h"
+
+namespace kerlune {
+
+namespace {
+
+tl::expected<std::string, FontError> usableName(const FontFace &face)
+{
+    auto name = face.postScriptName();
+    if (!name)
+        return tl::unexpected(FontError::NoPostScriptName);
+    if (name->front() == '.')
+        return tl::unexpected(FontError::HiddenName);
+    if (face.unitsPerEm() == 0)
+        return tl::unexpected(FontError::NoUnitsPerEm);
+    return *std::move(name);
+}
+
+tl::expected<void, FontError> appendFace(std::vector<FontDescriptor> &fonts, const std::shared_ptr<const FontFile> &file,
+                                         std::uint32_t faceIndex)
+{
+    const auto face = FontFace::open(file, faceIndex);
+    if (!face)
+        return tl::unexpected(face.error());
+    auto name = usableName(**face);
+    if (!name)
+        return tl::unexpected(name.error());
+    fonts.push_back({file->path(), faceIndex, 0, *std::move(name)});
+    for (NamedInstance &instance : (*face)->otherInstances())
+        fonts.push_back({file->path(), faceIndex, instance.index, std::move(instance.postScriptName)});
+    return {};
+}
+
+} // namespace
+
+std::optional<FontDescriptor> FontCatalog::findFont(const std::string &postScriptName) const
+{
+    const Listing listing = availableFonts(Duplicates::Remove);
+    const FontDescriptor *similar = nullptr;
+    for (const FontDescriptor &font : listing.fonts) {
+        if (font.postScriptName == postScriptName)
+            return font;
+        if (similar == nullptr && equalIgnoringCase(font.postScriptName, postScriptName))
+            similar = &font;
+    }
+    return similar == nullptr ? std::nullopt : std::optional(*similar);
+}
+
+FontCatalog::Listing fontsOfFile(const std::string &path)
+{
+    FontCatalog::Listing listing;
+    const auto skip = [&](FontError reason) {
+        if (listing.skipped.empty() || listing.skipped.back().reason != reason)
+            listing.skipped.push_back({path, reason});
+    };
+    const auto file = FontFile::open(path);
+    if (!file) {
+        skip(file.error());
+        return listing;
+    }
+    const auto count = FaceTables::faceCount(*file);
+    if (!count) {
+        skip(count.error());
+        return listing;
+    }
+    for (std::uint32_t i = 0; i < *count; ++i) {
+        if (const auto appended = appendFace(listing.fonts, *file, i); !appended)
+            skip(appended.error());
+    }
+    return listing;
+}
+
+} // namespace kerlune

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "Platform/FontDescriptor.h"
+#include "Platform/FontFile.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kerlune {
+
+// A file, or some of its faces, that the catalogue or the indexer passed over.
+struct SkippedFont {
+    std::string path;
+    FontError reason;
+
+    bool operator==(const SkippedFont &) const = default;
+};
+
+enum class Duplicates {
+    Keep,
+    Remove, // the first face of each PostScript name stays
+};
+
+// The fonts that this process can use.
+//
+// Thread: any; the queries block while they read, run them off the main thread.
+class FontCatalog {
+public:
+    struct Listing {
+        std::vector<FontDescriptor> fonts;
+        std::vector<SkippedFont> skipped;
+    };
+
+    FontCatalog() = default;
+    virtual ~FontCatalog() = default;
+    FontCatalog(const FontCatalog &) = delete;
+    FontCatalog &operator=(const FontCatalog &) = delete;
+
+    // Every face on offer, the files registered for this process first and in that order, then the system's by path,
+    // face and instance. Faces that could not be indexed are not offered: those without a PostScript name, hidden
+    // ones, those with an em of 0 units.
+    virtual Listing availableFonts(Duplicates duplicates) const = 0;
+
+    // The face on offer with that PostScript name, or else with one that differs only in case.
+    std::optional<FontDescriptor> findFont(const std::string &postScriptName) const;
+};
+
+// The faces of one file in its order: of a variable face its default instance, then its other named instances.
+// Faces that could not be indexed are left out and named in `skipped`, as is a file that cannot be read.
+//
+// Thread: any; blocks while it reads.
+FontCatalog::Listing fontsOfFile(const std::string &path);
+
+} // namespace kerlune

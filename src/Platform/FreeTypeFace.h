@@ -1,0 +1,41 @@
+#pragma once
+
+#include "Platform/FontFile.h"
+#include "Platform/Tag.h"
+
+#include <memory>
+#include <vector>
+
+// FreeType's handles, known here by name only.
+struct FT_FaceRec_;
+struct FT_LibraryRec_;
+
+namespace kerlune {
+
+// One face opened by FreeType over our own reading of the file (never its mapping), with a FreeType library of its own.
+//
+// Thread: one at a time.
+class FreeTypeFace final {
+public:
+    static tl::expected<std::unique_ptr<FreeTypeFace>, FontError> open(std::shared_ptr<const FontFile> file,
+                                                                       std::uint32_t faceIndex);
+    ~FreeTypeFace();
+    FreeTypeFace(const FreeTypeFace &) = delete;
+    FreeTypeFace &operator=(const FreeTypeFace &) = delete;
+
+    FT_FaceRec_ *face() const;
+    FT_LibraryRec_ *library() const;
+    std::uint32_t faceCount() const; // of the whole file
+
+    // Length of a table in bytes, 0 when the face has none.
+    std::size_t tableLength(Tag tag) const;
+    // Bytes of a table; empty unless all of them lie inside it and can be read.
+    std::vector<std::uint8_t> readTable(Tag tag, std::size_t offset, std::size_t length) const;
+
+private:
+    struct Implementation;
+    explicit FreeTypeFace(std::unique_ptr<Implementation> implementation);
+    std::unique_ptr<Implementation> m_implementation;
+};
+
+} // namespace kerlune

@@ -1,0 +1,44 @@
+#include "Platform/Directories.h"
+
+#include <pwd.h>
+#include <unistd.h>
+
+#include <cstdlib>
+
+namespace kerlune {
+
+namespace {
+
+constexpr const char *kFolder = "Kerlune";
+
+std::filesystem::path absolutePath(const char *variable)
+{
+    const char *value = std::getenv(variable); // NOLINT(concurrency-mt-unsafe): nobody changes the environment
+    const std::filesystem::path path(value == nullptr ? "" : value);
+    return path.is_absolute() ? path : std::filesystem::path();
+}
+
+std::filesystem::path homeFolder()
+{
+    if (auto home = absolutePath("HOME"); !home.empty())
+        return home;
+    const passwd *user = getpwuid(getuid()); // NOLINT(concurrency-mt-unsafe): called once, at start
+    return user == nullptr ? "/" : user->pw_dir;
+}
+
+std::filesystem::path folder(const char *variable, const char *belowHome)
+{
+    auto path = absolutePath(variable);
+    return path.empty() ? homeFolder() / belowHome : path;
+}
+
+} // namespace
+
+Directories Directories::fromEnvironment()
+{
+    const auto data = folder("XDG_DATA_HOME", ".local/share");
+    return {data, data / kFolder, folder("XDG_CACHE_HOME", ".cache") / kFolder,
+            folder("XDG_CONFIG_HOME", ".config") / kFolder};
+}
+
+} // namespace kerlune

@@ -1,0 +1,182 @@
+#include "Platform/Linux/FontconfigCatalog.h"
+
+#include "Platform/DescriptorCache.h"
+#include "Platform/Linux/ProcessFonts.h"
+#include "Support/Handle.h"
+
+#include <fontconfig/fontconfig.h>
+#include <sys/stat.h>
+#include <tbb/parallel_for.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <map>
+#include <mutex>
+#include <optional>
+#include <set>
+#include <string_view>
+#include <unordered_set>
+#include <utility>
+
+namespace kerlune {
+
+namespace {
+
+// A file to list. Without face indices all of its faces are wanted.
+struct WantedFile {
+    std::string path; // resolved
+    std::set<std::uint32_t> faces;
+    std::optional<DescriptorCache::Stamp> stamp; // absent when the file is gone
+    FontCatalog::Listing listing;
+    bool isFresh = false; // read now, not taken from the cache
+};
+
+std::string resolved(const std::string &path)
+{
+    const Handle<char, std::free> real(realpath(path.c_str(), nullptr));
+    return real == nullptr ? path : std::string(real.get());
+}
+
+std::optional<DescriptorCache::Stamp> readStamp(const std::string &path)
+{
+    struct stat status = {};
+    if (stat(path.c_str(), &status) != 0)
+        return std::nullopt;
+    return DescriptorCache::Stamp{std::int64_t{status.st_mtim.tv_sec} * 1'000'000'000 + status.st_mtim.tv_nsec,
+                                  static_cast<std::uint64_t>(status.st_size)};
+}
+
+// The system's files by resolved path, each with the faces of it that fontconfig's rules let through.
+std::map<std::string, std::set<std::uint32_t>> readSystemFiles()
+{
+    std::map<std::string, std::set<std::uint32_t>> files;
+    const Handle<FcConfig, FcConfigDestroy> config(FcInitLoadConfigAndFonts());
+    const FcFontSet *fonts = config == nullptr ? nullptr : FcConfigGetFonts(config.get(), FcSetSystem);
+    std::map<std::string, std::string, std::less<>> resolvedPaths;
+    for (int i = 0; fonts != nullptr && i < fonts->nfont; ++i) {
+        FcChar8 *file = nullptr;
+        int index = 0;
+        if (FcPatternGetString(fonts->fonts[i], FC_FILE, 0, &file) != FcResultMatch ||
+            FcPatternGetInteger(fonts->fonts[i], FC_INDEX, 0, &index) != FcResultMatch)
+            continue;
+        const std::string_view path(reinterpret_cast<const char *>(file));
+        auto known = resolvedPaths.find(path);
+        if (known == resolvedPaths.end())
+            known = resolvedPaths.emplace(path, resolved(std::string(path))).first;
+        files[known->second].insert(static_cast<std::uint32_t>(index) & 0xFFFF); // the upper half names an instance
+    }
+    return files;
+}
+
+// What may pass on its own (a lock, a permission, a failing disk) is asked again the next time.
+bool isWorthCaching(const FontCatalog::Listing &listing)
+{
+    return std::none_of(listing.skipped.begin(), listing.skipped.end(), [](const SkippedFont &skipped) {
+        return skipped.reason == FontError::NotFound || skipped.reason == FontError::PermissionDenied ||
+               skipped.reason == FontError::Unreadable;
+    });
+}
+
+void readListing(WantedFile &file)
+{
+    file.listing = fontsOfFile(file.path);
+    file.isFresh = true;
+}
+
+void append(FontCatalog::Listing &all, WantedFile &&file)
+{
+    for (FontDescriptor &font : file.listing.fonts) {
+        if (file.faces.empty() || file.faces.contains(font.faceIndex))
+            all.fonts.push_back(std::move(font));
+    }
+    std::move(file.listing.skipped.begin(), file.listing.skipped.end(), std::back_inserter(all.skipped));
+}
+
+void removeDuplicates(std::vector<FontDescriptor> &fonts)
+{
+    std::unordered_set<std::string_view> seen;
+    std::vector<FontDescriptor> kept;
+    kept.reserve(fonts.size());
+    seen.reserve(fonts.size());
+    for (FontDescriptor &font : fonts) {
+        if (seen.contains(font.postScriptName))
+            continue;
+        kept.push_back(std::move(font));
+        seen.insert(kept.back().postScriptName); // `kept` never moves its elements: its room is reserved
+    }
+    fonts = std::move(kept);
+}
+
+} // namespace
+
+struct FontconfigCatalog::Implementation {
+    std::vector<WantedFile> wantedFiles() const;
+    void fill(std::vector<WantedFile> &files);
+
+    std::shared_ptr<const ProcessFonts> processFonts;
+    std::filesystem::path cacheFile;
+    std::mutex mutex; // guards the cache
+    std::optional<DescriptorCache> cache;
+};
+
+FontconfigCatalog::FontconfigCatalog(std::shared_ptr<const ProcessFonts> processFonts, std::filesystem::path cacheFile)
+    : m_implementation(std::make_unique<Implementation>())
+{
+    m_implementation->processFonts = std::move(processFonts);
+    m_implementation->cacheFile = std::move(cacheFile);
+}
+
+FontconfigCatalog::~FontconfigCatalog() = default;
+
+FontCatalog::Listing FontconfigCatalog::availableFonts(Duplicates duplicates) const
+{
+    const std::lock_guard lock(m_implementation->mutex);
+    std::vector<WantedFile> files = m_implementation->wantedFiles();
+    m_implementation->fill(files);
+
+    Listing all;
+    for (WantedFile &file : files)
+        append(all, std::move(file));
+    if (duplicates == Duplicates::Remove)
+        removeDuplicates(all.fonts);
+    return all;
+}
+
+std::vector<WantedFile> FontconfigCatalog::Implementation::wantedFiles() const
+{
+    std::vector<WantedFile> files;
+    std::unordered_set<std::string> known;
+    for (const std::string &path : processFonts->paths()) {
+        std::string file = resolved(path);
+        if (known.insert(file).second)
+            files.push_back({std::move(file), {}, {}, {}, false});
+    }
+    for (auto &[path, faces] : readSystemFiles()) {
+        if (!known.contains(path))
+            files.push_back({path, std::move(faces), {}, {}, false});
+    }
+    return files;
+}
+
+void FontconfigCatalog::Implementation::fill(std::vector<WantedFile> &files)
+{
+    if (!cache)
+        cache.emplace(cacheFile);
+    std::vector<WantedFile *> unknown;
+    for (WantedFile &file : files) {
+        file.stamp = readStamp(file.path);
+        const FontCatalog::Listing *listing = file.stamp ? cache->find(file.path, *file.stamp) : nullptr;
+        if (listing != nullptr)
+            file.listing = *listing;
+        else
+            unknown.push_back(&file);
+    }
+    tbb::parallel_for(std::size_t{0}, unknown.size(), [&](std::size_t i) { readListing(*unknown[i]); });
+    for (const WantedFile *file : unknown) {
+        if (file->stamp && isWorthCaching(file->listing))
+            cache->insert(file->path, *file->stamp, file->listing);
+    }
+    cache->save();
+}
+
+} // namespace kerlune

@@ -1,0 +1,430 @@
+#include "Store/FontIndexStore.h"
+
+#include "Store/RecordRow.h"
+#include "Store/Schema.h"
+#include "Store/Statement.h"
+#include "Support/Localization.h"
+#include "Support/Uuid.h"
+
+#include <sqlite3.h>
+
+#include <array>
+#include <bit>
+#include <charconv>
+#include <chrono>
+#include <cstring>
+#include <utility>
+
+namespace kerlune {
+
+namespace {
+
+constexpr const char *kQueueLabel = "org.kerlune.Kerlune.store";
+constexpr int kMostWait = 10'000; // milliseconds for another process's write to end
+
+static_assert(std::endian::native == std::endian::little, "fingerprints are stored little-endian");
+
+// A decimal integer as a whole, with an optional sign.
+std::optional<std::int64_t> parseInteger(std::string_view text)
+{
+    if (text.starts_with('+') && !text.starts_with("+-"))
+        text.remove_prefix(1);
+    std::int64_t value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    return error == std::errc() && end == text.data() + text.size() ? std::optional(value) : std::nullopt;
+}
+
+// The shortest decimal text that reads back as the same number, with a fraction.
+std::string shortestDecimal(double value)
+{
+    std::array<char, 400> buffer{};
+    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed);
+    std::string text(buffer.data(), result.ptr);
+    return text.find('.') == std::string::npos ? text + ".0" : text;
+}
+
+FontIndexStore::StoreError::Cause causeOf(int resultCode)
+{
+    using Cause = FontIndexStore::StoreError::Cause;
+    switch (resultCode & 0xFF) { // the primary result code
+    case SQLITE_CANTOPEN:
+    case SQLITE_READONLY:
+    case SQLITE_PERM:
+        return Cause::notWritable;
+    case SQLITE_NOTADB:
+        return Cause::notADatabase;
+    case SQLITE_CORRUPT:
+        return Cause::damaged;
+    case SQLITE_FULL:
+        return Cause::diskFull;
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        return Cause::inUse;
+    default:
+        return Cause::other;
+    }
+}
+
+} // namespace
+
+std::string FontIndexStore::StoreError::description() const
+{
+    switch (kind) {
+    case Kind::open:
+        return localized("Ouverture de l'index impossible : ") + message;
+    case Kind::prepare:
+        return localized("Requête invalide : ") + message;
+    case Kind::step:
+        return localized("Écriture impossible : ") + message;
+    }
+    return message;
+}
+
+std::filesystem::path FontIndexStore::defaultPath(const std::filesystem::path &applicationSupport)
+{
+    std::error_code ignored; // shows when the database is opened
+    std::filesystem::create_directories(applicationSupport, ignored);
+    return applicationSupport / "index.sqlite";
+}
+
+FontIndexStore::Clock FontIndexStore::systemClock()
+{
+    return [] { return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count(); };
+}
+
+FontIndexStore::FontIndexStore(Handle<sqlite3, sqlite3_close_v2> connection, Clock clock)
+    : m_queue(kQueueLabel)
+    , m_db(std::move(connection))
+    , m_clock(std::move(clock))
+{
+}
+
+tl::expected<std::unique_ptr<FontIndexStore>, FontIndexStore::StoreError>
+FontIndexStore::open(const std::filesystem::path &path, Clock clock)
+{
+    sqlite3 *connection = nullptr;
+    constexpr int kFlags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_FULLMUTEX;
+    const int result = sqlite3_open_v2(path.c_str(), &connection, kFlags, nullptr);
+    std::unique_ptr<FontIndexStore> store(
+        new FontIndexStore(Handle<sqlite3, sqlite3_close_v2>(connection), std::move(clock)));
+    if (result != SQLITE_OK)
+        return tl::unexpected(store->error(StoreError::Kind::open));
+    sqlite3_busy_timeout(connection, kMostWait);
+    const auto ready = store->m_queue.sync([&] { return store->migrate(); });
+    if (!ready)
+        return tl::unexpected(ready.error());
+    return store;
+}
+
+tl::expected<void, FontIndexStore::StoreError> FontIndexStore::migrate()
+{
+    // SQLite looks at the file here for the first time: one that is no database, or cannot be written, shows now.
+    if (!execute("PRAGMA journal_mode=WAL;") || !execute("PRAGMA synchronous=NORMAL;") || !execute(kSchema))
+        return tl::unexpected(error(StoreError::Kind::open));
+    const auto version = metaOnQueue("schema_version");
+    if (version && parseInteger(*version) == kSchemaVersion)
+        return {};
+    execute("DELETE FROM fonts;");
+    setMetaOnQueue("schema_version", std::to_string(kSchemaVersion));
+    return {};
+}
+
+tl::expected<void, FontIndexStore::StoreError>
+FontIndexStore::replaceAll(std::span<const FontRecordPointer> records)
+{
+    return m_queue.sync([&]() -> tl::expected<void, StoreError> {
+        // Outside a transaction the deletion below would be for good.
+        if (!execute("BEGIN IMMEDIATE;"))
+            return tl::unexpected(error(StoreError::Kind::step));
+        auto inserted = insertAll(records);
+        if (inserted && !execute("COMMIT;"))
+            inserted = tl::unexpected(error(StoreError::Kind::step));
+        if (!inserted) {
+            execute("ROLLBACK;");
+            return inserted;
+        }
+        setMetaOnQueue("indexed_at", shortestDecimal(m_clock()));
+        setMetaOnQueue("count", std::to_string(records.size()));
+        return {};
+    });
+}
+
+tl::expected<void, FontIndexStore::StoreError>
+FontIndexStore::insertAll(std::span<const FontRecordPointer> records)
+{
+    if (!execute("DELETE FROM fonts;"))
+        return tl::unexpected(error(StoreError::Kind::step));
+    Statement insert(m_db.get(), kInsertRecord);
+    if (!insert)
+        return tl::unexpected(error(StoreError::Kind::prepare));
+    for (const FontRecordPointer &record : records) {
+        insert.reset();
+        bindRecord(insert, *record);
+        if (!insert.finishes())
+            return tl::unexpected(error(StoreError::Kind::step));
+    }
+    return {};
+}
+
+std::vector<FontRecordPointer> FontIndexStore::loadAll()
+{
+    return m_queue.sync([&] {
+        std::vector<FontRecordPointer> records;
+        Statement select(m_db.get(), "SELECT * FROM fonts;");
+        while (select.nextRow())
+            records.push_back(std::make_shared<const FontRecord>(readRecord(select)));
+        return records;
+    });
+}
+
+std::int64_t FontIndexStore::indexedCount()
+{
+    const auto count = meta("count");
+    return count ? parseInteger(*count).value_or(0) : 0;
+}
+
+std::optional<std::string> FontIndexStore::meta(const std::string &key)
+{
+    return m_queue.sync([&] { return metaOnQueue(key); });
+}
+
+void FontIndexStore::setMeta(const std::string &key, const std::string &value)
+{
+    m_queue.sync([&] { setMetaOnQueue(key, value); });
+}
+
+void FontIndexStore::saveFingerprints(const std::unordered_map<std::string, Vector> &vectors)
+{
+    m_queue.sync([&] {
+        if (!execute("BEGIN IMMEDIATE;"))
+            return;
+        Statement insert(m_db.get(), "INSERT OR REPLACE INTO fingerprints VALUES(?,?);");
+        if (!insert) {
+            execute("ROLLBACK;");
+            return;
+        }
+        for (const auto &[postScriptName, vector] : vectors) {
+            insert.reset();
+            insert.bind(1, postScriptName);
+            insert.bind(2, std::span(reinterpret_cast<const std::uint8_t *>(vector.data()), vector.size() * 4));
+            insert.finishes();
+        }
+        commit();
+    });
+}
+
+std::unordered_map<std::string, FontIndexStore::Vector> FontIndexStore::loadFingerprints()
+{
+    return m_queue.sync([&] {
+        std::unordered_map<std::string, Vector> vectors;
+        Statement select(m_db.get(), "SELECT ps_name, vector FROM fingerprints;");
+        while (select.nextRow()) {
+            const auto blob = select.blob(1);
+            if (select.isNull(0) || select.isNull(1) || blob.size() % sizeof(float) != 0)
+                continue;
+            Vector vector(blob.size() / sizeof(float));
+            if (!blob.empty())
+                std::memcpy(vector.data(), blob.data(), blob.size());
+            vectors.insert_or_assign(select.text(0), std::move(vector));
+        }
+        return vectors;
+    });
+}
+
+std::set<std::string> FontIndexStore::favorites()
+{
+    return m_queue.sync([&] {
+        const auto families = firstColumn("SELECT family FROM favorites;");
+        return std::set<std::string>(families.begin(), families.end());
+    });
+}
+
+void FontIndexStore::setFavorite(const std::string &family, bool on)
+{
+    m_queue.sync([&] {
+        if (on)
+            run("INSERT OR REPLACE INTO favorites(family,added) VALUES(?,?);", {family}, {m_clock()});
+        else
+            run("DELETE FROM favorites WHERE family=?;", {family});
+    });
+}
+
+void FontIndexStore::noteRecent(const std::string &family)
+{
+    m_queue.sync([&] { run("INSERT OR REPLACE INTO recents(family,used) VALUES(?,?);", {family}, {m_clock()}); });
+}
+
+std::vector<std::string> FontIndexStore::recents(int limit)
+{
+    return m_queue.sync(
+        [&] { return firstColumn("SELECT family FROM recents ORDER BY used DESC LIMIT " + std::to_string(limit) + ";"); });
+}
+
+std::vector<FontIndexStore::Collection> FontIndexStore::collections()
+{
+    return m_queue.sync([&] {
+        std::vector<Collection> collections;
+        Statement select(m_db.get(), "SELECT id,name FROM collections ORDER BY sort_order, created;");
+        while (select.nextRow())
+            collections.push_back({select.text(0), select.text(1)});
+        return collections;
+    });
+}
+
+std::string FontIndexStore::createCollection(const std::string &name)
+{
+    return m_queue.sync([&] {
+        std::string id = newUuid();
+        run("INSERT INTO collections(id,name,created,sort_order) VALUES(?,?,?,0);", {id, name}, {m_clock()});
+        return id;
+    });
+}
+
+void FontIndexStore::renameCollection(const std::string &id, const std::string &name)
+{
+    m_queue.sync([&] { run("UPDATE collections SET name=? WHERE id=?;", {name, id}); });
+}
+
+void FontIndexStore::deleteCollection(const std::string &id)
+{
+    m_queue.sync([&] {
+        run("DELETE FROM collections WHERE id=?;", {id});
+        run("DELETE FROM collection_items WHERE collection_id=?;", {id});
+    });
+}
+
+void FontIndexStore::addToCollection(const std::string &id, std::span<const std::string> families)
+{
+    m_queue.sync([&] {
+        for (const std::string &family : families)
+            run("INSERT OR IGNORE INTO collection_items VALUES(?,?);", {id, family});
+    });
+}
+
+std::vector<std::string> FontIndexStore::collectionMembers(const std::string &id)
+{
+    return m_queue.sync([&] { return firstColumn("SELECT family FROM collection_items WHERE collection_id=?;", {id}); });
+}
+
+std::map<std::string, std::set<std::string>> FontIndexStore::tags()
+{
+    return m_queue.sync([&] {
+        std::map<std::string, std::set<std::string>> tagsByFamily;
+        Statement select(m_db.get(), "SELECT family, tag FROM tags;");
+        while (select.nextRow())
+            tagsByFamily[select.text(0)].insert(select.text(1));
+        return tagsByFamily;
+    });
+}
+
+void FontIndexStore::setTag(const std::string &tag, std::span<const std::string> families, bool on)
+{
+    m_queue.sync([&] {
+        execute("BEGIN;");
+        for (const std::string &family : families) {
+            run(on ? "INSERT OR IGNORE INTO tags(family,tag) VALUES(?,?);" : "DELETE FROM tags WHERE family=? AND tag=?;",
+                {family, tag});
+        }
+        commit();
+    });
+}
+
+void FontIndexStore::renameTag(const std::string &old, const std::string &name)
+{
+    m_queue.sync([&] {
+        execute("BEGIN;");
+        run("INSERT OR IGNORE INTO tags(family,tag) SELECT family, ? FROM tags WHERE tag=?;", {name, old});
+        run("DELETE FROM tags WHERE tag=?;", {old});
+        commit();
+    });
+}
+
+void FontIndexStore::deleteTag(const std::string &tag)
+{
+    m_queue.sync([&] { run("DELETE FROM tags WHERE tag=?;", {tag}); });
+}
+
+std::vector<FontIndexStore::SmartCollectionRow> FontIndexStore::smartCollections()
+{
+    return m_queue.sync([&] {
+        std::vector<SmartCollectionRow> collections;
+        Statement select(m_db.get(), "SELECT id,name,filters FROM smart_collections ORDER BY created;");
+        while (select.nextRow())
+            collections.push_back({select.text(0), select.text(1), select.text(2)});
+        return collections;
+    });
+}
+
+void FontIndexStore::saveSmartCollection(const SmartCollectionRow &collection)
+{
+    m_queue.sync([&] {
+        run("INSERT INTO smart_collections(id,name,filters,created) VALUES(?,?,?,?)\n"
+            "ON CONFLICT(id) DO UPDATE SET name=excluded.name, filters=excluded.filters;",
+            {collection.id, collection.name, collection.filters}, {m_clock()});
+    });
+}
+
+void FontIndexStore::deleteSmartCollection(const std::string &id)
+{
+    m_queue.sync([&] { run("DELETE FROM smart_collections WHERE id=?;", {id}); });
+}
+
+std::optional<std::string> FontIndexStore::metaOnQueue(const std::string &key)
+{
+    Statement select(m_db.get(), "SELECT value FROM meta WHERE key=?;");
+    select.bind(1, key);
+    if (!select.nextRow() || select.isNull(0))
+        return std::nullopt;
+    return select.text(0);
+}
+
+void FontIndexStore::setMetaOnQueue(const std::string &key, const std::string &value)
+{
+    run("INSERT OR REPLACE INTO meta(key,value) VALUES(?,?);", {key, value});
+}
+
+bool FontIndexStore::execute(const char *sql)
+{
+    return sqlite3_exec(m_db.get(), sql, nullptr, nullptr, nullptr) == SQLITE_OK;
+}
+
+bool FontIndexStore::commit()
+{
+    if (execute("COMMIT;"))
+        return true;
+    execute("ROLLBACK;"); // an open transaction would swallow every later write
+    return false;
+}
+
+void FontIndexStore::run(std::string_view sql, std::initializer_list<std::string_view> texts,
+                         std::initializer_list<double> numbers)
+{
+    Statement statement(m_db.get(), sql);
+    int parameter = 0;
+    for (const std::string_view text : texts)
+        statement.bind(++parameter, text);
+    for (const double number : numbers)
+        statement.bind(++parameter, number);
+    statement.finishes();
+}
+
+std::vector<std::string> FontIndexStore::firstColumn(std::string_view sql, std::initializer_list<std::string_view> texts)
+{
+    Statement select(m_db.get(), sql);
+    int parameter = 0;
+    for (const std::string_view text : texts)
+        select.bind(++parameter, text);
+    std::vector<std::string> values;
+    while (select.nextRow()) {
+        if (!select.isNull(0))
+            values.push_back(select.text(0));
+    }
+    return values;
+}
+
+FontIndexStore::StoreError FontIndexStore::error(StoreError::Kind kind) const
+{
+    return {kind, sqlite3_errmsg(m_db.get()), causeOf(sqlite3_errcode(m_db.get()))};
+}
+
+} // namespace kerlune

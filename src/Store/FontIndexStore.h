@@ -1,0 +1,129 @@
+#pragma once
+
+#include "Model/FontRecord.h"
+#include "Support/Handle.h"
+#include "Support/SerialQueue.h"
+
+#include <tl/expected.hpp>
+
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <span>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+struct sqlite3;
+extern "C" int sqlite3_close_v2(sqlite3 *connection);
+
+namespace kerlune {
+
+// The database: the last index, the fingerprints, and what the user made (favourites, recents, collections, tags,
+// smart collections). docs/index-database.md describes the file.
+//
+// Thread: any. Each operation runs as a whole on a serial queue and blocks its caller; none interleaves with another.
+// Errors: opening and replaceAll() say what failed. Every other operation that fails does nothing, or answers that
+// there is nothing.
+class FontIndexStore final {
+public:
+    struct StoreError {
+        enum class Kind { open, prepare, step };
+
+        enum class Cause { notWritable, notADatabase, damaged, diskFull, inUse, other };
+
+        Kind kind;
+        std::string message; // SQLite's own
+        Cause cause = Cause::other;
+
+        std::string description() const; // for display
+    };
+
+    struct Collection {
+        std::string id;
+        std::string name;
+
+        bool operator==(const Collection &) const = default;
+    };
+
+    // A smart collection as it is stored; `filters` is JSON text.
+    struct SmartCollectionRow {
+        std::string id;
+        std::string name;
+        std::string filters;
+
+        bool operator==(const SmartCollectionRow &) const = default;
+    };
+
+    using Vector = std::vector<float>;
+    using Clock = std::function<double()>; // seconds since 1970-01-01 UTC
+
+    static constexpr int kSchemaVersion = 3;
+
+    // "index.sqlite" in the application-support folder, which is created when it is missing.
+    static std::filesystem::path defaultPath(const std::filesystem::path &applicationSupport);
+
+    static tl::expected<std::unique_ptr<FontIndexStore>, StoreError> open(const std::filesystem::path &path,
+                                                                          Clock clock = systemClock());
+    static Clock systemClock();
+
+    // The index.
+    tl::expected<void, StoreError> replaceAll(std::span<const FontRecordPointer> records); // whole or not at all
+    std::vector<FontRecordPointer> loadAll();
+    std::int64_t indexedCount();
+    std::optional<std::string> meta(const std::string &key);
+    void setMeta(const std::string &key, const std::string &value);
+
+    // Fingerprints by PostScript name. Saving keeps those of other faces.
+    void saveFingerprints(const std::unordered_map<std::string, Vector> &vectors);
+    std::unordered_map<std::string, Vector> loadFingerprints();
+
+    // Favourite and recently used families.
+    std::set<std::string> favorites();
+    void setFavorite(const std::string &family, bool on);
+    void noteRecent(const std::string &family);
+    std::vector<std::string> recents(int limit); // most recent first
+
+    // Collections of families.
+    std::vector<Collection> collections();
+    std::string createCollection(const std::string &name); // its new id
+    void renameCollection(const std::string &id, const std::string &name);
+    void deleteCollection(const std::string &id);
+    void addToCollection(const std::string &id, std::span<const std::string> families);
+    std::vector<std::string> collectionMembers(const std::string &id);
+
+    // Tags of families.
+    std::map<std::string, std::set<std::string>> tags(); // by family
+    void setTag(const std::string &tag, std::span<const std::string> families, bool on);
+    void renameTag(const std::string &old, const std::string &name);
+    void deleteTag(const std::string &tag);
+
+    // Smart collections, in creation order. Saving an id again changes its name and filters.
+    std::vector<SmartCollectionRow> smartCollections();
+    void saveSmartCollection(const SmartCollectionRow &collection);
+    void deleteSmartCollection(const std::string &id);
+
+private:
+    FontIndexStore(Handle<sqlite3, sqlite3_close_v2> connection, Clock clock);
+
+    // The operations below run on the queue.
+    tl::expected<void, StoreError> migrate();
+    tl::expected<void, StoreError> insertAll(std::span<const FontRecordPointer> records);
+    std::optional<std::string> metaOnQueue(const std::string &key);
+    void setMetaOnQueue(const std::string &key, const std::string &value);
+    bool execute(const char *sql);
+    bool commit(); // or takes everything back
+    void run(std::string_view sql, std::initializer_list<std::string_view> texts,
+             std::initializer_list<double> numbers = {});
+    std::vector<std::string> firstColumn(std::string_view sql, std::initializer_list<std::string_view> texts = {});
+    StoreError error(StoreError::Kind kind) const;
+
+    SerialQueue m_queue;
+    Handle<sqlite3, sqlite3_close_v2> m_db;
+    Clock m_clock;
+};
+
+} // namespace kerlune

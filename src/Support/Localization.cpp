@@ -1,0 +1,70 @@
+#include "Support/Localization.h"
+
+#include <QCoreApplication>
+#include <QString>
+
+#include <algorithm>
+
+namespace kerlune {
+
+namespace {
+
+constexpr const char *kContext = "Kerlune";
+
+std::string withPlacesFilled(std::string_view text, std::initializer_list<std::string_view> arguments)
+{
+    std::string filled;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool isPlace = text[i] == '%' && i + 1 < text.size() && text[i + 1] >= '1' && text[i + 1] <= '9';
+        const std::size_t index = isPlace ? static_cast<std::size_t>(text[i + 1] - '1') : 0;
+        if (!isPlace || index >= arguments.size()) {
+            filled += text[i];
+            continue;
+        }
+        filled += arguments.begin()[index];
+        ++i;
+    }
+    return filled;
+}
+
+} // namespace
+
+std::string localized(const char *french)
+{
+    return QCoreApplication::translate(kContext, french).toStdString();
+}
+
+std::string localized(const char *french, std::initializer_list<std::string_view> arguments)
+{
+    return withPlacesFilled(localized(french), arguments);
+}
+
+std::string localizedCount(const char *singular, const char *plural, std::int64_t count)
+{
+    // Qt's numerus forms take an int; beyond its range the exact number does not change the form.
+    const int formNumber = static_cast<int>(std::min<std::int64_t>(count, 1'000'000'000));
+    std::string text = QCoreApplication::translate(kContext, plural, nullptr, formNumber).toStdString();
+    if (text == plural && count < 2)
+        text = singular;
+    return withPlacesFilled(text, {groupedDigits(count)});
+}
+
+std::string groupedDigits(std::int64_t number)
+{
+    std::string digits = std::to_string(number);
+    const std::size_t first = number < 0 ? 1 : 0;
+    for (std::size_t i = digits.size(); i > first + 3;) {
+        i -= 3;
+        digits.insert(i, "\u202F");
+    }
+    return digits;
+}
+
+std::string decimalDigits(double number)
+{
+    std::string digits = QString::number(number, 'f', 1).toStdString();
+    digits.replace(digits.find('.'), 1, localized(",")); // the decimal mark
+    return digits;
+}
+
+} // namespace kerlune

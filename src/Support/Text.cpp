@@ -1,0 +1,100 @@
+#include "Support/Text.h"
+
+#include <unicode/coll.h>
+#include <unicode/unistr.h>
+#include <unicode/ustring.h>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace kerlune {
+
+namespace {
+
+icu::UnicodeString unicode(std::string_view text)
+{
+    return icu::UnicodeString::fromUTF8(icu::StringPiece(text.data(), static_cast<std::int32_t>(text.size())));
+}
+
+bool isAscii(std::string_view text)
+{
+    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+std::string collationLocale()
+{
+    for (const char *variable : {"LC_ALL", "LC_COLLATE", "LANG"}) {
+        const char *value = std::getenv(variable); // NOLINT(concurrency-mt-unsafe): nobody changes the environment
+        if (value == nullptr || *value == '\0')
+            continue;
+        const std::string locale(value, std::string_view(value).find_first_of(".@") == std::string_view::npos
+                                            ? std::string_view(value).size()
+                                            : std::string_view(value).find_first_of(".@"));
+        return locale == "C" || locale == "POSIX" ? "fr" : locale;
+    }
+    return "fr";
+}
+
+} // namespace
+
+bool isValidUtf8(std::string_view text)
+{
+    if (isAscii(text))
+        return true;
+    UErrorCode status = U_ZERO_ERROR;
+    std::int32_t length = 0;
+    u_strFromUTF8(nullptr, 0, &length, text.data(), static_cast<std::int32_t>(text.size()), &status);
+    return status == U_BUFFER_OVERFLOW_ERROR || status == U_ZERO_ERROR;
+}
+
+std::string lowercased(std::string_view text)
+{
+    std::string lower;
+    if (!isAscii(text))
+        return unicode(text).toLower(icu::Locale::getRoot()).toUTF8String(lower);
+    lower.reserve(text.size());
+    for (const char c : text)
+        lower += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    return lower;
+}
+
+bool equalIgnoringCase(std::string_view a, std::string_view b)
+{
+    return unicode(a).caseCompare(unicode(b), U_FOLD_CASE_DEFAULT) == 0;
+}
+
+struct NameCollator::Implementation {
+    std::unique_ptr<icu::Collator> collator;
+};
+
+NameCollator::NameCollator(const std::string &locale)
+    : m_implementation(std::make_unique<Implementation>())
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const std::string name = locale.empty() ? collationLocale() : locale;
+    m_implementation->collator.reset(icu::Collator::createInstance(icu::Locale(name.c_str()), status));
+    if (m_implementation->collator == nullptr)
+        std::abort(); // ICU without its own data: the installation is broken
+    m_implementation->collator->setStrength(icu::Collator::SECONDARY);
+    m_implementation->collator->setAttribute(UCOL_NUMERIC_COLLATION, UCOL_ON, status);
+}
+
+NameCollator::~NameCollator() = default;
+NameCollator::NameCollator(NameCollator &&) noexcept = default;
+NameCollator &NameCollator::operator=(NameCollator &&) noexcept = default;
+
+std::string NameCollator::sortKey(std::string_view name) const
+{
+    const icu::UnicodeString text = unicode(name);
+    std::string key(std::max<std::size_t>(64, name.size() * 2), '\0');
+    for (;;) {
+        const std::int32_t needed = m_implementation->collator->getSortKey(
+            text, reinterpret_cast<std::uint8_t *>(key.data()), static_cast<std::int32_t>(key.size()));
+        const bool fitted = static_cast<std::size_t>(needed) <= key.size();
+        key.resize(static_cast<std::size_t>(std::max(needed, 0)));
+        if (fitted)
+            return key;
+    }
+}
+
+} // namespace kerlune
