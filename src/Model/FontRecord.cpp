@@ -73,7 +73,8 @@ bool decode(const json &value, double &field)
 template <std::unsigned_integral Integer>
 bool decode(const json &value, Integer &field)
 {
-    if (!value.is_number_unsigned() || value.get<std::uint64_t>() > std::numeric_limits<Integer>::max())
+    const bool isNatural = value.is_number_unsigned() || (value.is_number_integer() && value.get<std::int64_t>() >= 0);
+    if (!isNatural || value.get<std::uint64_t>() > std::numeric_limits<Integer>::max())
         return false;
     field = static_cast<Integer>(value.get<std::uint64_t>());
     return true;

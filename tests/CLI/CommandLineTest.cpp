@@ -1,0 +1,211 @@
+#include "FontconfigFile.h"
+#include "Model/FontRecord.h"
+#include "Store/FontIndexStore.h"
+#include "TempFolder.h"
+#include "TestFonts.h"
+
+#include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <thread>
+
+namespace kerlune {
+namespace {
+
+namespace fs = std::filesystem;
+using nlohmann::json;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::MatchesRegex;
+
+struct Result {
+    int status;
+    std::string output;
+    std::string messages;
+};
+
+// The program in a home of its own, with the fonts that a test puts there.
+class CommandLineTest : public testing::Test {
+protected:
+    CommandLineTest()
+    {
+        fs::create_directories(fonts());
+        setenv("XDG_DATA_HOME", (m_home / "data").c_str(), 1);
+        setenv("XDG_CACHE_HOME", (m_home / "cache").c_str(), 1);
+        setenv("XDG_CONFIG_HOME", (m_home / "config").c_str(), 1);
+        setenv("FONTCONFIG_FILE", writeFontconfigFile(m_home, {fonts()}).c_str(), 1);
+    }
+
+    fs::path fonts() const { return m_home / "fonts"; }
+    fs::path database() const { return m_home / "data/Kerlune/index.sqlite"; }
+    void offer(const std::string &name) { fs::copy_file(testFont(name), fonts() / name); }
+
+    Result run(const std::string &arguments, const std::string &outputTo = {}) const
+    {
+        const std::string output = outputTo.empty() ? (m_home / "output").string() : outputTo;
+        const std::string command = std::string(KERLUNE_PROGRAM) + " " + arguments + " >" + output + " 2>" +
+                                    (m_home / "messages").string() + " </dev/null";
+        const int status = std::system(command.c_str());
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, outputTo.empty() ? readFile(output) : "",
+                readFile(m_home / "messages")};
+    }
+
+    json faces() const
+    {
+        const Result result = run("faces --json");
+        EXPECT_EQ(result.status, 0) << result.messages;
+        return json::parse(result.output);
+    }
+
+    TempFolder m_home;
+};
+
+TEST_F(CommandLineTest, IndexesAndListsFaces)
+{
+    for (const char *name : {"plain.ttf", "variable.ttf", "family-9.ttf", "family-10.ttf", "names-shift-jis.ttf"})
+        offer(name);
+    const Result indexed = run("index");
+    EXPECT_EQ(indexed.status, 0);
+    EXPECT_THAT(indexed.output, MatchesRegex("8 graisses dans 5 familles, lues en [0-9]+,[0-9] s\n"));
+    EXPECT_EQ(indexed.messages, ""); // no progress bar where nobody looks
+
+    const json records = faces();
+    ASSERT_EQ(records.size(), 8U);
+    for (const json &object : records) {
+        EXPECT_EQ(object.size(), 25U);
+        const auto record = decodeRecord(object);
+        ASSERT_TRUE(record) << object;
+        EXPECT_TRUE(fs::exists(record->filePath));
+    }
+    const Result text = run("faces");
+    EXPECT_LT(text.output.find("Essai 9 — "), text.output.find("Essai 10 — "));
+    EXPECT_THAT(text.output, HasSubstr("Essai Variable — Display, 4 graisses\n"));
+    EXPECT_THAT(text.output, HasSubstr("    Condensed Light  [EssaiVariable-CondensedLight]  "));
+    EXPECT_THAT(text.output, HasSubstr("フォント"));
+
+    EXPECT_EQ(run("index").status, 0);
+    EXPECT_EQ(faces(), records); // a second run gives the same
+}
+
+TEST_F(CommandLineTest, NamesWhatItLeftOut)
+{
+    offer("plain.ttf");
+    offer("names-hidden.ttf");
+    const Result text = run("index");
+    EXPECT_EQ(text.status, 0);
+    EXPECT_THAT(text.messages, HasSubstr("1 police écartée :\n"));
+    EXPECT_THAT(text.messages, HasSubstr("names-hidden.ttf : police masquée du système\n"));
+
+    const json summary = json::parse(run("index --json").output);
+    EXPECT_EQ(summary.at("faces"), 1);
+    EXPECT_EQ(summary.at("families"), 1);
+    EXPECT_TRUE(summary.at("seconds").is_number_float());
+    EXPECT_EQ(summary.at("skipped").size(), 1U);
+    EXPECT_EQ(summary.at("skipped").at(0).at("reason"), "police masquée du système");
+}
+
+TEST_F(CommandLineTest, KeepsTheIndexOfAMachineThatLostItsFonts)
+{
+    offer("plain.ttf");
+    run("index");
+    fs::remove_all(fonts());
+    const Result result = run("index");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.messages, HasSubstr("Aucune police lisible"));
+    EXPECT_EQ(faces().size(), 1U);
+}
+
+TEST_F(CommandLineTest, SaysWhyTheIndexCannotBeOpened)
+{
+    offer("plain.ttf");
+    writeFile(database(), "this is no database, but somebody's own file");
+    for (const char *command : {"index", "faces", "faces --json"}) {
+        const Result result = run(command);
+        EXPECT_EQ(result.status, 1) << command;
+        EXPECT_EQ(result.output, "") << command;
+        EXPECT_THAT(result.messages, HasSubstr("kerlune: Ouverture de l'index impossible : file is not a database"));
+        EXPECT_THAT(result.messages, HasSubstr("Il n’a pas été modifié"));
+    }
+    EXPECT_EQ(readFile(database()), "this is no database, but somebody's own file");
+
+    setenv("XDG_DATA_HOME", database().c_str(), 1); // a file where the folder should be: nothing can be made there
+    const Result nowhere = run("index");
+    EXPECT_EQ(nowhere.status, 1);
+    EXPECT_THAT(nowhere.messages, HasSubstr("Ouverture de l'index impossible : unable to open database file"));
+    EXPECT_THAT(nowhere.messages, HasSubstr("que vous pouvez y écrire"));
+}
+
+TEST_F(CommandLineTest, FailsWhenItsOutputIsLost)
+{
+    offer("plain.ttf");
+    run("index");
+    const Result result = run("faces --json", "/dev/full");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.messages, HasSubstr("Écriture de la sortie impossible"));
+}
+
+TEST_F(CommandLineTest, RefusesWrongUsage)
+{
+    const std::pair<const char *, const char *> cases[]{{"", "Il manque une commande"},
+                                                        {"indexe", "« indexe »"},
+                                                        {"index --jsn", "« --jsn »"},
+                                                        {"faces extra", "« extra »"}};
+    for (const auto &[arguments, message] : cases) {
+        const Result result = run(arguments);
+        EXPECT_EQ(result.status, 2) << arguments;
+        EXPECT_THAT(result.messages, HasSubstr(message)) << arguments;
+    }
+    EXPECT_FALSE(fs::exists(database()));
+    EXPECT_EQ(run("--help").status, 0);
+    EXPECT_THAT(run("index --help").output, HasSubstr("--json"));
+    EXPECT_THAT(run("--version").output, MatchesRegex("kerlune [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+}
+
+TEST_F(CommandLineTest, LeavesTheIndexWholeWhenKilledAtAnyMoment)
+{
+    for (const char *name : {"plain.ttf", "variable.ttf", "collection.ttc", "italic.ttf"})
+        offer(name);
+    ASSERT_EQ(run("index").status, 0);
+    const json before = faces();
+    for (int moment = 0; moment < 40; ++moment) {
+        const pid_t child = fork();
+        if (child == 0) {
+            freopen("/dev/null", "w", stdout);
+            execl(KERLUNE_PROGRAM, "kerlune", "index", nullptr);
+            _exit(127);
+        }
+        std::this_thread::sleep_for(std::chrono::microseconds(700 * moment));
+        kill(child, SIGKILL);
+        waitpid(child, nullptr, 0);
+        ASSERT_EQ(faces(), before) << moment;
+    }
+}
+
+// Several programs that meet a library for the first time at the same moment.
+TEST_F(CommandLineTest, SharesTheIndexWithOtherProcesses)
+{
+    offer("plain.ttf");
+    std::vector<pid_t> children;
+    for (int i = 0; i < 8; ++i) {
+        const pid_t child = fork();
+        if (child == 0) {
+            freopen("/dev/null", "w", stdout);
+            execl(KERLUNE_PROGRAM, "kerlune", "index", nullptr);
+            _exit(127);
+        }
+        children.push_back(child);
+    }
+    for (const pid_t child : children) {
+        int status = 0;
+        waitpid(child, &status, 0);
+        EXPECT_EQ(WEXITSTATUS(status), 0);
+    }
+    EXPECT_EQ(faces().size(), 1U);
+}
+
+} // namespace
+} // namespace kerlune

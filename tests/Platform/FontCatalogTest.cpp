@@ -1,0 +1,188 @@
+#include "Platform/FontCatalog.h"
+
+#include "FontconfigFile.h"
+#include "Platform/DescriptorCache.h"
+#include "Platform/Directories.h"
+#include "Platform/Linux/FontconfigCatalog.h"
+#include "Platform/Linux/LinuxFontRegistry.h"
+#include "Platform/Linux/ProcessFonts.h"
+#include "TempFolder.h"
+#include "TestFonts.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QTimer>
+
+#include <gmock/gmock.h>
+
+#include <chrono>
+#include <vector>
+
+namespace kerlune {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class FontCatalogTest : public testing::Test {
+protected:
+    FontCatalogTest()
+    {
+        fs::create_directories(fonts());
+        setenv("FONTCONFIG_FILE", writeFontconfigFile(m_home, {fonts()}).c_str(), 1);
+    }
+    ~FontCatalogTest() override { unsetenv("FONTCONFIG_FILE"); }
+
+    fs::path fonts() const { return m_home / "fonts"; }
+    fs::path cacheFile() const { return m_home / "cache/descriptors"; }
+    void offer(const std::string &name, const std::string &as) { fs::copy_file(testFont(name), fonts() / as); }
+
+    std::vector<std::string> names(Duplicates duplicates = Duplicates::Remove) const
+    {
+        std::vector<std::string> names;
+        for (const FontDescriptor &font : m_catalog.availableFonts(duplicates).fonts)
+            names.push_back(font.postScriptName);
+        return names;
+    }
+
+    TempFolder m_home;
+    std::shared_ptr<ProcessFonts> m_processFonts = std::make_shared<ProcessFonts>();
+    FontconfigCatalog m_catalog{m_processFonts, cacheFile()};
+};
+
+TEST_F(FontCatalogTest, OffersRegisteredFilesThenTheSystemsByPathFaceAndInstance)
+{
+    offer("variable.ttf", "b.ttf");
+    offer("collection.ttc", "a.ttc");
+    EXPECT_THAT(names(), ElementsAre("EssaiCollection-Regular", "EssaiCollection-Bold", "EssaiVariable-Regular",
+                                     "EssaiVariable-Gras", "EssaiVariable-CondensedLight", "EssaiVariable-Slanted"));
+
+    LinuxFontRegistry registry(m_processFonts);
+    int changes = 0;
+    QObject::connect(&registry, &FontRegistry::registeredFontsChanged, &registry, [&] { ++changes; });
+    const std::vector<std::string> files{testFont("plain.ttf"), testFont("family-9.ttf"), fonts() / "a.ttc"};
+    registry.registerForProcess(files);
+    registry.registerForProcess(files);
+    EXPECT_EQ(changes, 1);
+    const auto offered = names();
+    ASSERT_EQ(offered.size(), 8U);
+    EXPECT_EQ(offered[0], "EssaiPlain-Regular");
+    EXPECT_EQ(offered[2], "EssaiCollection-Regular"); // once, at its place among the registered
+    EXPECT_EQ(offered[4], "EssaiVariable-Regular");
+
+    registry.unregisterForProcess(files);
+    EXPECT_EQ(changes, 2);
+    EXPECT_EQ(names().size(), 6U);
+}
+
+TEST_F(FontCatalogTest, ResolvesLinksAndRemovesDuplicateNames)
+{
+    offer("two-a.ttf", "2.ttf");
+    offer("two-b.ttf", "1.ttf");
+    fs::create_symlink(fonts() / "2.ttf", fonts() / "0.ttf");
+    const auto all = m_catalog.availableFonts(Duplicates::Keep).fonts;
+    ASSERT_EQ(all.size(), 2U);
+    EXPECT_EQ(all[0].path, fs::canonical(fonts()) / "1.ttf");
+    const auto kept = m_catalog.availableFonts(Duplicates::Remove).fonts;
+    ASSERT_EQ(kept.size(), 1U);
+    EXPECT_EQ(kept[0], all[0]);
+    EXPECT_EQ(m_catalog.findFont("essaidouble-REGULAR"), all[0]);
+    EXPECT_EQ(m_catalog.findFont("Nobody"), std::nullopt);
+}
+
+TEST_F(FontCatalogTest, LeavesOutWhatCouldNotBeIndexed)
+{
+    for (const char *name : {"plain.ttf", "names-hidden.ttf", "names-no-postscript.ttf"})
+        offer(name, name);
+    EXPECT_THAT(names(), ElementsAre("EssaiPlain-Regular"));
+}
+
+TEST_F(FontCatalogTest, IsEmptyWithoutFonts)
+{
+    EXPECT_THAT(names(), IsEmpty());
+}
+
+// What a start-up must not do is read fonts that have not changed.
+TEST_F(FontCatalogTest, ReadsAFileAgainOnlyWhenItsTimeOrSizeChanged)
+{
+    offer("plain.ttf", "a.ttf");
+    const auto path = fonts() / "a.ttf";
+    EXPECT_THAT(names(), ElementsAre("EssaiPlain-Regular"));
+    const auto time = fs::last_write_time(path);
+
+    // The same size and time, other bytes: the cache answers, in this catalogue and in the next one.
+    const std::string unread(fs::file_size(path), 'x');
+    writeFile(path, unread);
+    fs::last_write_time(path, time);
+    const FontconfigCatalog next(m_processFonts, cacheFile());
+    const std::vector<std::string> registered{path};
+    m_processFonts->add(registered); // fontconfig itself no longer offers what is no font
+    EXPECT_EQ(next.availableFonts(Duplicates::Keep).fonts.size(), 1U);
+
+    fs::last_write_time(path, time + std::chrono::nanoseconds(1'000'000));
+    EXPECT_THAT(next.availableFonts(Duplicates::Keep).fonts, IsEmpty());
+    EXPECT_THAT(next.availableFonts(Duplicates::Keep).skipped,
+                ElementsAre(SkippedFont{fs::canonical(path), FontError::UnknownFormat}));
+}
+
+TEST_F(FontCatalogTest, DoesWithoutADamagedOrUnwritableCache)
+{
+    offer("variable.ttf", "a.ttf");
+    const auto expected = names();
+    const std::string sound = readFile(cacheFile());
+    ASSERT_GT(sound.size(), 100U);
+    for (std::size_t i = 0; i < sound.size(); ++i) {
+        std::string damaged = sound;
+        damaged[i] = static_cast<char>(damaged[i] ^ 0x55);
+        writeFile(cacheFile(), damaged);
+        const FontconfigCatalog catalog(m_processFonts, cacheFile());
+        ASSERT_EQ(catalog.availableFonts(Duplicates::Remove).fonts.size(), expected.size()) << i;
+        writeFile(cacheFile(), sound.substr(0, i));
+        ASSERT_EQ(DescriptorCache(cacheFile()).find(fonts() / "a.ttf", {}), nullptr) << i;
+    }
+    const FontconfigCatalog nowhere(m_processFonts, cacheFile() / "below/a/file");
+    EXPECT_EQ(nowhere.availableFonts(Duplicates::Remove).fonts.size(), expected.size());
+}
+
+TEST_F(FontCatalogTest, TellsWhenAFontFolderChanges)
+{
+    int argc = 0;
+    const QCoreApplication application(argc, nullptr);
+    LinuxFontRegistry registry(m_processFonts);
+    registry.watchSystemFolders();
+    const auto waitForChange = [&](const std::function<void()> &change) {
+        bool changed = false;
+        QEventLoop loop;
+        const auto connection = QObject::connect(&registry, &FontRegistry::registeredFontsChanged, &loop, [&] {
+            changed = true;
+            loop.quit();
+        });
+        QTimer::singleShot(10'000, &loop, &QEventLoop::quit);
+        change();
+        loop.exec();
+        QObject::disconnect(connection);
+        return changed;
+    };
+    EXPECT_TRUE(waitForChange([&] { offer("plain.ttf", "new.ttf"); }));
+    EXPECT_TRUE(waitForChange([&] { fs::create_directory(fonts() / "sub"); }));
+    EXPECT_TRUE(waitForChange([&] { offer("italic.ttf", "sub/new.ttf"); })); // a folder made since
+    EXPECT_TRUE(waitForChange([&] { fs::remove(fonts() / "new.ttf"); }));
+}
+
+TEST(Directories, FollowTheBaseDirectorySpecification)
+{
+    setenv("HOME", "/home/someone", 1);
+    setenv("XDG_DATA_HOME", "/data", 1);
+    setenv("XDG_CACHE_HOME", "relative", 1); // not absolute: not taken
+    unsetenv("XDG_CONFIG_HOME");
+    const auto directories = Directories::fromEnvironment();
+    EXPECT_EQ(directories.applicationSupport, "/data/Kerlune");
+    EXPECT_EQ(directories.userLibrary, "/data");
+    EXPECT_EQ(directories.caches, "/home/someone/.cache/Kerlune");
+    EXPECT_EQ(directories.configuration, "/home/someone/.config/Kerlune");
+}
+
+} // namespace
+} // namespace kerlune

@@ -1,0 +1,331 @@
+#include "Store/FontIndexStore.h"
+
+#include "FullDiskVfs.h"
+#include "TempFolder.h"
+
+#include <gmock/gmock.h>
+#include <sqlite3.h>
+
+#include <thread>
+
+namespace kerlune {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Pair;
+using testing::StartsWith;
+using testing::UnorderedElementsAre;
+
+FontRecord sampleRecord(const std::string &name)
+{
+    FontRecord record;
+    record.postScriptName = name;
+    record.family = "Famille « É »";
+    record.style = "Gras";
+    record.filePath = "/fonts/it's.otf";
+    record.mtime = 1700000000.123456;
+    record.fileSize = 5'000'000'000;
+    record.weight = 0.6;
+    record.width = -0.25;
+    record.slant = 0.4;
+    record.symbolicTraits = 0xF0002003;
+    record.isVariable = true;
+    record.isMonospace = false;
+    record.isColor = true;
+    record.isItalic = false;
+    record.xHeightRatio = 0.5;
+    record.capHeightRatio = 0.7;
+    record.glyphCount = 65535;
+    record.classification = FontClass::slab;
+    record.scriptMask = 0x8000000000000001;
+    record.version = "Version 1";
+    record.foundry = "Fonderie";
+    record.designer = "Élodie";
+    record.licenseURL = "https://example.org";
+    record.copyrightNotice = "©";
+    record.fsType = 0xFFFF;
+    return record;
+}
+
+std::vector<FontRecordPointer> shared(std::initializer_list<FontRecord> records)
+{
+    std::vector<FontRecordPointer> pointers;
+    for (const FontRecord &record : records)
+        pointers.push_back(std::make_shared<const FontRecord>(record));
+    return pointers;
+}
+
+class FontIndexStoreTest : public testing::Test {
+protected:
+    std::unique_ptr<FontIndexStore> open()
+    {
+        auto store = FontIndexStore::open(path(), [this] { return m_now += 1; });
+        EXPECT_TRUE(store) << store.error().message;
+        return store ? *std::move(store) : nullptr;
+    }
+
+    // Runs SQL on a connection of its own and returns the rows, columns joined by "|".
+    std::vector<std::string> sql(const std::string &statements)
+    {
+        sqlite3 *connection = nullptr;
+        std::vector<std::string> rows;
+        EXPECT_EQ(sqlite3_open(path().c_str(), &connection), SQLITE_OK);
+        const auto collect = [](void *out, int count, char **values, char **) {
+            std::string row;
+            for (int i = 0; i < count; ++i)
+                row += (i > 0 ? "|" : "") + std::string(values[i] == nullptr ? "NULL" : values[i]);
+            static_cast<std::vector<std::string> *>(out)->push_back(row);
+            return 0;
+        };
+        char *message = nullptr;
+        sqlite3_exec(connection, statements.c_str(), collect, &rows, &message);
+        EXPECT_EQ(message, nullptr) << message;
+        sqlite3_close(connection);
+        return rows;
+    }
+
+    std::filesystem::path path() const { return m_folder / "index.sqlite"; }
+
+    TempFolder m_folder;
+    double m_now = 1'000'000;
+};
+
+TEST_F(FontIndexStoreTest, KeepsEveryFieldOfARecord)
+{
+    FontRecord bare;
+    bare.postScriptName = "Bare";
+    bare.family = "Bare";
+    FontRecord empty = bare;
+    empty.postScriptName = "Empty";
+    empty.version = "";
+    open()->replaceAll(shared({sampleRecord("A"), bare, empty}));
+
+    const auto loaded = open()->loadAll();
+    ASSERT_EQ(loaded.size(), 3U);
+    EXPECT_EQ(*loaded[0], sampleRecord("A"));
+    EXPECT_EQ(*loaded[1], bare);
+    EXPECT_EQ(loaded[2]->version, std::nullopt); // empty and absent are stored alike
+}
+
+TEST_F(FontIndexStoreTest, WritesColumnsThatOtherProgramsRead)
+{
+    open()->replaceAll(shared({sampleRecord("A")}));
+    EXPECT_THAT(sql("SELECT * FROM fonts"),
+                ElementsAre("A|Famille « É »|Gras|/fonts/it's.otf|1700000000.12346|5000000000|0.6|-0.25|0.4|4026540035|1|"
+                            "0|1|0|0.5|0.7|65535|2|-9223372036854775807|Version 1|Fonderie|Élodie|https://example.org|©|"
+                            "65535"));
+    EXPECT_THAT(sql("SELECT key, value FROM meta ORDER BY key"),
+                ElementsAre("count|1", "indexed_at|1000001.0", "schema_version|3"));
+    EXPECT_THAT(sql("SELECT name FROM sqlite_master WHERE name NOT LIKE 'sqlite_%' ORDER BY name"),
+                ElementsAre("collection_items", "collections", "favorites", "fingerprints", "fonts", "idx_fonts_class",
+                            "idx_fonts_family", "meta", "recents", "smart_collections", "tags"));
+    EXPECT_THAT(sql("PRAGMA journal_mode"), ElementsAre("wal"));
+}
+
+TEST_F(FontIndexStoreTest, ReadsRowsThatOtherProgramsWrote)
+{
+    open();
+    sql("INSERT INTO fonts(ps_name, family, classification, script_mask, is_color, glyph_count)"
+        " VALUES('A', 'F', 9, -1, 7, 12)");
+    const auto loaded = open()->loadAll();
+    ASSERT_EQ(loaded.size(), 1U);
+    EXPECT_EQ(loaded[0]->style, "");
+    EXPECT_EQ(loaded[0]->designer, std::nullopt);
+    EXPECT_EQ(loaded[0]->classification, FontClass::unknown);
+    EXPECT_EQ(loaded[0]->scriptMask, ~std::uint64_t{0});
+    EXPECT_TRUE(loaded[0]->isColor);
+    EXPECT_EQ(loaded[0]->glyphCount, 12);
+}
+
+TEST_F(FontIndexStoreTest, ReplacesTheIndexAndCountsWhatItWasGiven)
+{
+    const auto store = open();
+    EXPECT_EQ(store->indexedCount(), 0);
+    FontRecord second = sampleRecord("A");
+    second.style = "Second";
+    store->replaceAll(shared({sampleRecord("B"), sampleRecord("C")}));
+    store->replaceAll(shared({sampleRecord("A"), second}));
+    EXPECT_THAT(sql("SELECT ps_name, style FROM fonts"), ElementsAre("A|Second"));
+    EXPECT_EQ(store->indexedCount(), 2);
+    store->setMeta("count", "12x");
+    EXPECT_EQ(store->indexedCount(), 0);
+}
+
+TEST_F(FontIndexStoreTest, DropsOnlyTheIndexWhenTheSchemaVersionDiffers)
+{
+    for (const char *version : {"'2'", "'4'", "'three'", "NULL"}) {
+        {
+            const auto store = open();
+            store->replaceAll(shared({sampleRecord("A")}));
+            store->setFavorite("F", true);
+        }
+        sql(std::string("UPDATE meta SET value=") + version + " WHERE key='schema_version'");
+        const auto store = open();
+        EXPECT_THAT(store->loadAll(), IsEmpty()) << version;
+        EXPECT_EQ(store->meta("schema_version"), "3") << version;
+        EXPECT_THAT(store->favorites(), ElementsAre("F")) << version;
+    }
+    open()->replaceAll(shared({sampleRecord("A")}));
+    sql("UPDATE meta SET value='+3' WHERE key='schema_version'");
+    EXPECT_EQ(open()->loadAll().size(), 1U);
+}
+
+TEST_F(FontIndexStoreTest, KeepsTheOldIndexWhenWritingFails)
+{
+    const auto store = open();
+    store->replaceAll(shared({sampleRecord("A"), sampleRecord("B")}));
+
+    sql("CREATE TRIGGER refuse BEFORE INSERT ON fonts WHEN new.ps_name='bad' BEGIN SELECT RAISE(FAIL,'non'); END");
+    const auto refused = store->replaceAll(shared({sampleRecord("C"), sampleRecord("bad")}));
+    ASSERT_FALSE(refused);
+    EXPECT_EQ(refused.error().description(), "Écriture impossible : non");
+    EXPECT_EQ(store->loadAll().size(), 2U);
+
+    sql("ALTER TABLE fonts ADD COLUMN more TEXT");
+    const auto unprepared = store->replaceAll(shared({sampleRecord("C")}));
+    ASSERT_FALSE(unprepared);
+    EXPECT_THAT(unprepared.error().description(), StartsWith("Requête invalide : table fonts has 26 columns"));
+    EXPECT_EQ(store->loadAll().size(), 2U);
+    EXPECT_EQ(store->indexedCount(), 2);
+    store->setFavorite("still writable", true);
+    EXPECT_THAT(sql("SELECT family FROM favorites"), ElementsAre("still writable"));
+}
+
+TEST_F(FontIndexStoreTest, KeepsTheOldIndexWhenTheDiskFills)
+{
+    const FullDiskVfs disk;
+    std::vector<FontRecordPointer> many;
+    for (int i = 0; i < 2000; ++i)
+        many.push_back(std::make_shared<const FontRecord>(sampleRecord("N" + std::to_string(i))));
+    const auto writeInto = [&](const std::string &name, std::int64_t room) {
+        const auto store = FontIndexStore::open(m_folder / name);
+        EXPECT_TRUE((*store)->replaceAll(shared({sampleRecord("A")})));
+        disk.setRoom(room);
+        auto written = (*store)->replaceAll(many);
+        const std::int64_t used = room - disk.room();
+        disk.setRoom(FullDiskVfs::kUnlimited);
+        EXPECT_EQ((*store)->loadAll().size(), written ? many.size() : 1U) << room;
+        EXPECT_EQ((*store)->indexedCount(), written ? 2000 : 1) << room;
+        return std::pair(std::move(written), used);
+    };
+
+    const auto [complete, needed] = writeInto("complete", 100'000'000);
+    ASSERT_TRUE(complete);
+    // Room for nothing, for some pages, for half of them, and for all but the last pages: those of the commit.
+    for (const std::int64_t room : {std::int64_t{0}, std::int64_t{20'000}, needed / 2, needed - 20'000}) {
+        const auto [written, used] = writeInto("full-" + std::to_string(room), room);
+        ASSERT_FALSE(written) << room;
+        EXPECT_EQ(written.error().description(), "Écriture impossible : database or disk is full");
+        EXPECT_EQ(written.error().cause, FontIndexStore::StoreError::Cause::diskFull);
+    }
+}
+
+TEST_F(FontIndexStoreTest, SaysWhyItCannotBeOpened)
+{
+    using Cause = FontIndexStore::StoreError::Cause;
+    writeFile(m_folder / "not-a-database", std::string(4096, 'x'));
+    const auto noDatabase = FontIndexStore::open(m_folder / "not-a-database");
+    ASSERT_FALSE(noDatabase);
+    EXPECT_EQ(noDatabase.error().description(), "Ouverture de l'index impossible : file is not a database");
+    EXPECT_EQ(noDatabase.error().cause, Cause::notADatabase);
+    EXPECT_EQ(readFile(m_folder / "not-a-database"), std::string(4096, 'x'));
+
+    const auto nowhere = FontIndexStore::open(m_folder / "not-a-database/index.sqlite");
+    ASSERT_FALSE(nowhere);
+    EXPECT_EQ(nowhere.error().description(), "Ouverture de l'index impossible : unable to open database file");
+    EXPECT_EQ(nowhere.error().cause, Cause::notWritable);
+}
+
+TEST_F(FontIndexStoreTest, KeepsFingerprintsAsPackedFloats)
+{
+    const auto store = open();
+    store->saveFingerprints({{"A", {1.0F, -2.5F}}, {"B", {}}});
+    store->saveFingerprints({{"C", {0.5F}}});
+    EXPECT_THAT(sql("SELECT ps_name, hex(vector), typeof(vector) FROM fingerprints ORDER BY ps_name"),
+                ElementsAre("A|0000803F000020C0|blob", "B||blob", "C|0000003F|blob"));
+    sql("INSERT INTO fingerprints VALUES('odd', zeroblob(10)), ('null', NULL), (NULL, zeroblob(4))");
+    EXPECT_THAT(store->loadFingerprints(),
+                UnorderedElementsAre(Pair("A", ElementsAre(1.0F, -2.5F)), Pair("B", IsEmpty()), Pair("C", ElementsAre(0.5F))));
+}
+
+TEST_F(FontIndexStoreTest, ListsRecentFamiliesNewestFirst)
+{
+    const auto store = open();
+    for (int i = 0; i < 50; ++i)
+        store->noteRecent("F" + std::to_string(i));
+    store->noteRecent("F3");
+    const auto recents = store->recents(40);
+    ASSERT_EQ(recents.size(), 40U);
+    EXPECT_EQ(recents[0], "F3");
+    EXPECT_EQ(recents[1], "F49");
+    EXPECT_EQ(recents[39], "F11");
+}
+
+TEST_F(FontIndexStoreTest, KeepsFavoritesAndCollections)
+{
+    const auto store = open();
+    store->setFavorite("A", true);
+    store->setFavorite("B", true);
+    store->setFavorite("A", false);
+    EXPECT_THAT(store->favorites(), ElementsAre("B"));
+
+    const std::string first = store->createCollection("Première");
+    const std::string second = store->createCollection("Deuxième");
+    store->addToCollection(first, std::vector<std::string>{"A", "B", "A"});
+    store->addToCollection(second, std::vector<std::string>{"C"});
+    store->renameCollection(second, "Seconde");
+    EXPECT_THAT(store->collections(), ElementsAre(FontIndexStore::Collection{first, "Première"},
+                                                  FontIndexStore::Collection{second, "Seconde"}));
+    EXPECT_THAT(store->collectionMembers(first), UnorderedElementsAre("A", "B"));
+    store->deleteCollection(first);
+    EXPECT_THAT(store->collectionMembers(first), IsEmpty());
+    EXPECT_THAT(store->collectionMembers(second), ElementsAre("C"));
+}
+
+TEST_F(FontIndexStoreTest, RenamesATagWithoutDoublingIt)
+{
+    const auto store = open();
+    store->setTag("a", std::vector<std::string>{"F", "G", "H"}, true);
+    store->setTag("b", std::vector<std::string>{"F"}, true);
+    store->setTag("a", std::vector<std::string>{"H"}, false);
+    store->renameTag("a", "b");
+    EXPECT_THAT(store->tags(), ElementsAre(Pair("F", ElementsAre("b")), Pair("G", ElementsAre("b"))));
+    store->deleteTag("b");
+    EXPECT_THAT(store->tags(), IsEmpty());
+}
+
+TEST_F(FontIndexStoreTest, SavesASmartCollectionAgainInItsPlace)
+{
+    const auto store = open();
+    store->saveSmartCollection({"1", "Un", "{}"});
+    store->saveSmartCollection({"2", "Deux", "{}"});
+    store->saveSmartCollection({"1", "Uno", R"({"search":"é"})"});
+    EXPECT_THAT(store->smartCollections(),
+                ElementsAre(FontIndexStore::SmartCollectionRow{"1", "Uno", R"({"search":"é"})"},
+                            FontIndexStore::SmartCollectionRow{"2", "Deux", "{}"}));
+    store->deleteSmartCollection("1");
+    EXPECT_EQ(store->smartCollections().size(), 1U);
+}
+
+TEST_F(FontIndexStoreTest, ServesSeveralThreadsAndConnections)
+{
+    const auto store = open();
+    const auto other = open();
+    const auto write = [](FontIndexStore &target, const std::string &prefix) {
+        for (int i = 0; i < 50; ++i) {
+            target.setFavorite(prefix + std::to_string(i), true);
+            target.replaceAll(shared({sampleRecord(prefix)}));
+            EXPECT_EQ(target.loadAll().size(), 1U);
+        }
+    };
+    std::thread first([&] { write(*store, "a"); });
+    std::thread second([&] { write(*store, "b"); });
+    write(*other, "c");
+    first.join();
+    second.join();
+    EXPECT_EQ(store->favorites().size(), 150U);
+}
+
+} // namespace
+} // namespace kerlune

@@ -1,0 +1,61 @@
+#include "Support/Text.h"
+
+#include "Support/Uuid.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace kerlune {
+namespace {
+
+using testing::ElementsAre;
+
+TEST(NameCollator, SortsAsAFileBrowserDoes)
+{
+    const NameCollator collator("fr");
+    std::vector<std::string> names{"Font 10", "Zapf", "élan", "Elan B", "font 9", "Arial", "Font 9 Bold", "Éden"};
+    std::sort(names.begin(), names.end(),
+              [&](const auto &a, const auto &b) { return collator.sortKey(a) < collator.sortKey(b); });
+    EXPECT_THAT(names, ElementsAre("Arial", "Éden", "élan", "Elan B", "font 9", "Font 9 Bold", "Font 10", "Zapf"));
+    EXPECT_EQ(collator.sortKey("ARIAL"), collator.sortKey("arial"));
+    EXPECT_NE(collator.sortKey("Elan"), collator.sortKey("Élan"));
+
+    const std::string longName(5000, 'x');
+    EXPECT_LT(collator.sortKey(longName), collator.sortKey(longName + "x"));
+}
+
+TEST(NameCollator, DoesNotSortByBytesInThePosixLocale)
+{
+    setenv("LC_ALL", "C", 1);
+    const NameCollator collator;
+    EXPECT_LT(collator.sortKey("arial"), collator.sortKey("Zapf"));
+    unsetenv("LC_ALL");
+}
+
+TEST(Text, LowersAndComparesWithoutTheLanguage)
+{
+    EXPECT_EQ(lowercased("Neue HAAS ÉÀ İ"), "neue haas éà i\u0307");
+    EXPECT_TRUE(equalIgnoringCase("Élan-BOLD", "élan-bold"));
+    EXPECT_FALSE(equalIgnoringCase("Elan", "Élan"));
+}
+
+TEST(Text, KnowsWhatIsUtf8)
+{
+    for (const char *valid : {"", "abc", "é", "\U0001F600"})
+        EXPECT_TRUE(isValidUtf8(valid)) << valid;
+    for (const char *invalid : {"\xE9", "a\xC3", "\xED\xA0\x80", "\xF8\x88\x80\x80\x80", "\xC0\xAF"})
+        EXPECT_FALSE(isValidUtf8(invalid));
+}
+
+TEST(Uuid, IsUpperCaseAndNew)
+{
+    const std::string uuid = newUuid();
+    EXPECT_THAT(uuid, testing::MatchesRegex("[0-9A-F]+-[0-9A-F]+-4[0-9A-F]+-[89AB][0-9A-F]+-[0-9A-F]+"));
+    EXPECT_EQ(uuid.size(), 36U);
+    EXPECT_NE(uuid, newUuid());
+}
+
+} // namespace
+} // namespace kerlune
