@@ -1,9 +1,11 @@
 #include "Platform/FreeTypeFace.h"
 
+#include "Platform/FreeTypeMemory.h"
 #include "Support/Handle.h"
 
 #include <ft2build.h>
 #include FT_FREETYPE_H
+#include FT_MODULE_H
 #include FT_TRUETYPE_TABLES_H
 
 #include <algorithm>
@@ -39,8 +41,9 @@ FontError errorForFreeType(FT_Error error)
 struct FreeTypeFace::Implementation {
     std::shared_ptr<const FontFile> file;
     FT_StreamRec stream{};
-    Handle<FT_LibraryRec_, FT_Done_FreeType> library;
-    Handle<FT_FaceRec_, FT_Done_Face> face; // goes before the library and the stream
+    FreeTypeMemory memory;
+    Handle<FT_LibraryRec_, FT_Done_Library> library;
+    Handle<FT_FaceRec_, FT_Done_Face> face; // goes first, as each member needs those before it
 };
 
 FreeTypeFace::FreeTypeFace(std::unique_ptr<Implementation> implementation)
@@ -57,9 +60,10 @@ tl::expected<std::unique_ptr<FreeTypeFace>, FontError> FreeTypeFace::open(std::s
         return tl::unexpected(FontError::NoSuchFace);
     auto parts = std::make_unique<Implementation>();
     FT_Library library = nullptr;
-    if (FT_Init_FreeType(&library) != 0)
+    if (FT_New_Library(parts->memory.record(), &library) != 0)
         return tl::unexpected(FontError::Unreadable);
     parts->library.reset(library);
+    FT_Add_Default_Modules(library);
     parts->stream.descriptor.pointer = const_cast<FontFile *>(file.get()); // NOLINT: only read through
     parts->stream.size = static_cast<unsigned long>(file->size());
     parts->stream.read = readStream;

@@ -27,7 +27,8 @@ from fontTools.ttLib import TTFont
 
 Coverage = list[set[int]]  # in the order of the bits, the characters that each one requires
 
-SFNT_MAGICS = (b"\x00\x01\x00\x00", b"\x00\x02\x00\x00", b"true", b"OTTO", b"ttcf", b"wOFF", b"wOF2")
+SFNT_MAGICS = (b"\x00\x01\x00\x00", b"\x00\x02\x00\x00", b"true", b"OTTO", b"ttcf",
+               b"wOFF", b"wOF2")
 UNICODE_MAPS = ((3, 10), (0, 6), (0, 4), (3, 1), (0, 3), (0, 2), (0, 1), (0, 0))
 COLOUR_TABLES = ("COLR", "CBDT", "sbix", "SVG ")
 WIDTH_PERCENTS = (50, 62.5, 75, 87.5, 100, 112.5, 125, 150, 200)  # of the classes 1 to 9
@@ -58,6 +59,18 @@ def width_class(percent: float) -> float:
     return 9
 
 
+class HeightPen(BoundsPen):
+    """Gives up on a glyph of absurdly many components."""
+
+    components = 0
+
+    def addComponent(self, name: str, transformation: Any) -> None:
+        self.components += 1
+        if self.components > 10_000:
+            raise ValueError("too many components")
+        super().addComponent(name, transformation)
+
+
 class Face:
     """The default instance of one face of a file; each value is read when it is asked for."""
 
@@ -65,9 +78,23 @@ class Face:
         self.path = path
         self.font = TTFont(path, fontNumber=number, lazy=True)
         self.coverage = coverage
+        self.unreadable: set[str] = set()
+
+    def has(self, tag: str) -> bool:
+        return tag in self.font.reader.keys()
 
     def raw(self, tag: str) -> bytes:
-        return self.font.reader[tag] if tag in self.font.reader.keys() else b""
+        return self.font.reader[tag] if self.has(tag) else b""
+
+    def parsed(self, tag: str) -> Any:
+        """A table, every time an error when it is damaged: the library keeps what it half read."""
+        if tag in self.unreadable:
+            raise ValueError(f"damaged {tag} table")
+        try:
+            return self.font[tag]
+        except Exception:
+            self.unreadable.add(tag)
+            raise
 
     def number(self, tag: str, kind: str, offset: int) -> int:
         """A big-endian number of a table, 0 beyond its end."""
@@ -77,9 +104,9 @@ class Face:
         return struct.unpack_from(">" + kind, data, offset)[0]
 
     def name(self, name_id: int) -> str | None:
-        if "name" not in self.font.reader.keys():
+        if not self.has("name"):
             return None
-        records = [record for record in self.font["name"].names if record.nameID == name_id]
+        records = [record for record in self.parsed("name").names if record.nameID == name_id]
         passes = (lambda r: r.platformID == 3 and r.langID == 0x409,
                   lambda r: r.platformID == 1 and r.langID == 0,
                   lambda r: True)
@@ -131,23 +158,25 @@ class Face:
         return self.number("post", "I", 12) != 0 or (len(os2) >= 36 and os2[35] == 9)
 
     def is_colour(self) -> bool:
-        return any(tag in self.font.reader.keys() for tag in COLOUR_TABLES)
+        return any(map(self.has, COLOUR_TABLES))
 
     @cached_property
     def axes(self) -> list[Any]:
-        return self.font["fvar"].axes if "fvar" in self.font.reader.keys() else []
+        return self.parsed("fvar").axes if self.has("fvar") else []
 
     def instances(self) -> list[Any]:
         """The named instances at another place than the default one."""
         place = {axis.axisTag: axis.defaultValue for axis in self.axes}
-        return [i for i in self.font["fvar"].instances if i.coordinates != place] if place else []
+        if not place:
+            return []
+        return [i for i in self.parsed("fvar").instances if i.coordinates != place]
 
     @cached_property
     def characters(self) -> dict[int, str]:
         """The characters with a glyph, and its name."""
-        if "cmap" not in self.font.reader.keys():
+        if not self.has("cmap"):
             return {}
-        table = self.font["cmap"]
+        table = self.parsed("cmap")
         for kind in UNICODE_MAPS:
             if subtable := table.getcmap(*kind):
                 return drawn(subtable.cmap, self.font)
@@ -172,7 +201,7 @@ class Face:
         if name is None:
             return 0
         glyphs = self.font.getGlyphSet()
-        pen = BoundsPen(glyphs)
+        pen = HeightPen(glyphs)
         glyphs[name].draw(pen)
         return pen.bounds[3] if pen.bounds else 0
 
@@ -292,7 +321,7 @@ def read_file(path: str, coverage: Coverage | None) -> FileReport:
         with open(path, "rb") as file:
             magic = file.read(4)
         if magic not in SFNT_MAGICS:
-            report.skipped = magic.decode() if magic in (b"wOFF", b"wOF2") else "not SFNT"
+            report.skipped = "not SFNT"
             return report
         for number in range(face_count(path, magic)):
             face = Face(path, number, coverage)

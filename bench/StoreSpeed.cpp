@@ -1,0 +1,185 @@
+// Writing and reading 50,000 records against the bare SQLite loop over the same rows. Prints the ratios.
+
+#include "Model/FontIndexer.h"
+#include "Store/FontIndexStore.h"
+#include "Store/RecordRow.h"
+#include "Store/Schema.h"
+
+#include <benchmark/benchmark.h>
+#include <sqlite3.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace kerlune;
+
+constexpr int kRecords = 50'000;
+constexpr int kFacesOfAFamily = 5;
+
+std::vector<FontRecordPointer> makeRecords()
+{
+    std::vector<FontRecordPointer> records;
+    for (int i = 0; i < kRecords; ++i) {
+        FontRecord record;
+        record.family = "Famille " + std::to_string(i / kFacesOfAFamily * 7919 % 100'000);
+        record.style = "Semi-gras condensé";
+        record.postScriptName = "Famille" + std::to_string(i) + "-SemiBoldCondensed";
+        record.filePath = "/usr/share/fonts/truetype/collection/" + record.postScriptName + ".ttf";
+        record.mtime = 1.7e9 + i;
+        record.fileSize = 100'000;
+        record.weight = 0.3;
+        record.glyphCount = 800;
+        record.scriptMask = 0x1FFFFFFF;
+        record.version = "Version 1.200; ttfautohint (v1.8)";
+        record.foundry = "Une fonderie de caractères";
+        record.designer = "Une dessinatrice";
+        record.licenseURL = "https://scripts.sil.org/OFL";
+        record.copyrightNotice = "Copyright 2011 The Project Authors (https://example.org/project)";
+        records.push_back(std::make_shared<const FontRecord>(record));
+    }
+    return records;
+}
+
+const std::vector<FontRecordPointer> &records()
+{
+    static const auto all = makeRecords();
+    return all;
+}
+
+std::filesystem::path folder()
+{
+    static const auto path = std::filesystem::temp_directory_path() / ("kerlune-bench-" + std::to_string(getpid()));
+    std::filesystem::create_directories(path);
+    return path;
+}
+
+std::filesystem::path filledDatabase()
+{
+    static const auto path = [] {
+        auto file = folder() / "read.sqlite";
+        (*FontIndexStore::open(file))->replaceAll(records());
+        return file;
+    }();
+    return path;
+}
+
+sqlite3 *openBare(const std::filesystem::path &path)
+{
+    sqlite3 *connection = nullptr;
+    sqlite3_open(path.c_str(), &connection);
+    return connection;
+}
+
+// Opening the store, reading every record, and grouping them.
+void readStore(benchmark::State &state)
+{
+    const auto path = filledDatabase();
+    for (auto _ : state) {
+        const auto loaded = (*FontIndexStore::open(path))->loadAll();
+        const auto families = FontIndexer::groupIntoFamilies(loaded);
+        benchmark::DoNotOptimize(families.data());
+    }
+}
+
+void readBare(benchmark::State &state)
+{
+    const auto path = filledDatabase();
+    for (auto _ : state) {
+        sqlite3 *connection = openBare(path);
+        sqlite3_stmt *select = nullptr;
+        sqlite3_prepare_v2(connection, "SELECT * FROM fonts;", -1, &select, nullptr);
+        while (sqlite3_step(select) == SQLITE_ROW) {
+            for (int column = 0; column < sqlite3_column_count(select); ++column)
+                benchmark::DoNotOptimize(sqlite3_column_bytes(select, column));
+        }
+        sqlite3_finalize(select);
+        sqlite3_close(connection);
+    }
+}
+
+void writeStore(benchmark::State &state)
+{
+    const auto store = *FontIndexStore::open(folder() / "write-store.sqlite");
+    for (auto _ : state)
+        store->replaceAll(records());
+}
+
+// The same rows in one transaction, texts bound without a copy.
+void writeBare(benchmark::State &state)
+{
+    sqlite3 *connection = openBare(folder() / "write-bare.sqlite");
+    sqlite3_exec(connection, "PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL;", nullptr, nullptr, nullptr);
+    sqlite3_exec(connection, kSchema, nullptr, nullptr, nullptr);
+    for (auto _ : state) {
+        sqlite3_exec(connection, "BEGIN IMMEDIATE; DELETE FROM fonts;", nullptr, nullptr, nullptr);
+        sqlite3_stmt *insert = nullptr;
+        sqlite3_prepare_v2(connection, kInsertRecord, -1, &insert, nullptr);
+        const auto bindText = [&](int parameter, const std::string &text) {
+            sqlite3_bind_text(insert, parameter, text.data(), static_cast<int>(text.size()), SQLITE_STATIC);
+        };
+        for (const FontRecordPointer &record : records()) {
+            sqlite3_reset(insert);
+            bindText(1, record->postScriptName);
+            bindText(2, record->family);
+            bindText(3, record->style);
+            bindText(4, record->filePath);
+            for (int column = 5; column < 20; ++column)
+                sqlite3_bind_int64(insert, column, record->glyphCount);
+            bindText(20, *record->version);
+            bindText(21, *record->foundry);
+            bindText(22, *record->designer);
+            bindText(23, *record->licenseURL);
+            bindText(24, *record->copyrightNotice);
+            sqlite3_bind_int64(insert, 25, record->fsType);
+            sqlite3_step(insert);
+        }
+        sqlite3_finalize(insert);
+        sqlite3_exec(connection, "COMMIT;", nullptr, nullptr, nullptr);
+    }
+    sqlite3_close(connection);
+}
+
+class RatioReporter final : public benchmark::ConsoleReporter {
+public:
+    void ReportRuns(const std::vector<Run> &runs) override
+    {
+        ConsoleReporter::ReportRuns(runs);
+        for (const Run &run : runs) {
+            if (run.aggregate_name == "median")
+                m_medians[run.run_name.function_name] = run.GetAdjustedRealTime();
+        }
+    }
+    void Finalize() override
+    {
+        std::printf("open, read and group: %.2f × the bare loop\nwrite: %.2f × the bare loop\n",
+                    m_medians["readStore"] / m_medians["readBare"], m_medians["writeStore"] / m_medians["writeBare"]);
+    }
+
+private:
+    std::map<std::string, double> m_medians;
+};
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    using Function = void (*)(benchmark::State &);
+    for (const auto &[name, function] : std::initializer_list<std::pair<const char *, Function>>{
+             {"readBare", readBare}, {"readStore", readStore}, {"writeBare", writeBare}, {"writeStore", writeStore}}) {
+        benchmark::RegisterBenchmark(name, function)
+            ->UseRealTime()
+            ->Unit(benchmark::kMillisecond)
+            ->Repetitions(7)
+            ->ReportAggregatesOnly();
+    }
+    benchmark::Initialize(&argc, argv);
+    RatioReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    std::filesystem::remove_all(folder());
+    return 0;
+}
