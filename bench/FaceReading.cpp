@@ -1,5 +1,5 @@
-// Records per second against the bare reads that a record needs: the faces that fontconfig offers, warm cache, all cores.
-// Prints both rates and their ratio.
+// Records per second against the bare reads that a record needs: the faces that fontconfig offers, warm cache, all
+// cores. Prints both rates and their ratio.
 
 #include "Model/FontIndexer.h"
 #include "Model/ScriptCoverage.h"
@@ -49,8 +49,7 @@ std::vector<FontDescriptor> systemFaces()
 struct BareFile {
     explicit BareFile(const char *path)
         : descriptor(open(path, O_RDONLY | O_CLOEXEC))
-    {
-    }
+    {}
     ~BareFile() { close(descriptor); }
     BareFile(const BareFile &) = delete;
     BareFile &operator=(const BareFile &) = delete;
@@ -122,9 +121,10 @@ template <typename Read>
 void readAll(benchmark::State &state, Read &&read)
 {
     for (auto _ : state)
-        tbb::parallel_for(std::size_t{0}, faces().size(), [&](std::size_t i) { benchmark::DoNotOptimize(read(faces()[i])); });
-    state.counters["faces/s"] = benchmark::Counter(static_cast<double>(state.iterations()) * static_cast<double>(faces().size()),
-                                                   benchmark::Counter::kIsRate);
+        tbb::parallel_for(std::size_t{0}, faces().size(),
+                          [&](std::size_t i) { benchmark::DoNotOptimize(read(faces()[i])); });
+    state.counters["faces/s"] = benchmark::Counter(
+        static_cast<double>(state.iterations()) * static_cast<double>(faces().size()), benchmark::Counter::kIsRate);
 }
 
 class RatioReporter final : public benchmark::ConsoleReporter {
@@ -156,7 +156,8 @@ int main(int argc, char **argv)
         registered->UseRealTime()->Unit(benchmark::kMillisecond)->Repetitions(7)->ReportAggregatesOnly();
     };
     configure(benchmark::RegisterBenchmark("bare", [](benchmark::State &state) { readAll(state, readBare); }));
-    configure(benchmark::RegisterBenchmark("records", [](benchmark::State &state) { readAll(state, FontIndexer::extract); }));
+    configure(
+        benchmark::RegisterBenchmark("records", [](benchmark::State &state) { readAll(state, FontIndexer::extract); }));
     benchmark::Initialize(&argc, argv);
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);

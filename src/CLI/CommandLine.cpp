@@ -65,8 +65,7 @@ public:
         } catch (const CLI::ParseError &error) {
             return reportWrongUsage(usageMessage(m_app, error));
         }
-        return m_chosen ? finish(m_chosen(context, m_format))
-                        : reportWrongUsage(localized("Il manque une commande."));
+        return m_chosen ? finish(m_chosen(context, m_format)) : reportWrongUsage(localized("Il manque une commande."));
     }
 
 private:
@@ -75,8 +74,9 @@ private:
     void add(const std::string &name, const std::string &description, Command command)
     {
         CLI::App *subcommand = m_app.add_subcommand(name, description)->group(localized("Commandes"));
-        subcommand->add_flag_callback("--json", [this] { m_format = OutputFormat::Json; },
-                                      localized("Écrit le résultat en JSON."))
+        subcommand
+            ->add_flag_callback(
+                "--json", [this] { m_format = OutputFormat::Json; }, localized("Écrit le résultat en JSON."))
             ->group(optionsGroup());
         subcommand->callback([this, command = std::move(command)] { m_chosen = command; });
     }

@@ -27,7 +27,8 @@ void printText(const std::vector<FontRecordPointer> &records)
 {
     for (const FontFamily &family : FontIndexer::groupIntoFamilies(records)) {
         std::cout << family.name << " — " << label(family.representative()->classification) << ", "
-                  << localizedCount("%1 graisse", "%1 graisses", static_cast<std::int64_t>(family.faces.size())) << '\n';
+                  << localizedCount("%1 graisse", "%1 graisses", static_cast<std::int64_t>(family.faces.size()))
+                  << '\n';
         for (const FontRecordPointer &face : family.sortedFaces())
             std::cout << "    " << face->style << "  [" << face->postScriptName << "]  " << face->filePath << '\n';
     }

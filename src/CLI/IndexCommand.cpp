@@ -33,17 +33,18 @@ FontIndexer::Index readFonts(const FontCatalog &catalog)
 // Fonts of other formats are no surprise on a Linux desktop: they are counted, not named.
 void reportSkipped(std::vector<SkippedFont> skipped)
 {
-    const auto otherFormats = std::erase_if(
-        skipped, [](const SkippedFont &font) { return font.reason == FontError::UnknownFormat; });
+    const auto otherFormats =
+        std::erase_if(skipped, [](const SkippedFont &font) { return font.reason == FontError::UnknownFormat; });
     if (otherFormats > 0) {
-        std::cerr << localizedCount("%1 fichier d’un autre format (Type 1, bitmap) n’est pas indexé.",
-                                    "%1 fichiers d’un autre format (Type 1, bitmap) ne sont pas indexés.",
+        std::cerr << localizedCount("%1 fichier ni TrueType ni OpenType (Type 1, bitmap…) n’est pas indexé.",
+                                    "%1 fichiers ni TrueType ni OpenType (Type 1, bitmap…) ne sont pas indexés.",
                                     static_cast<std::int64_t>(otherFormats))
                   << '\n';
     }
     if (skipped.empty())
         return;
-    std::cerr << localizedCount("%1 police écartée :", "%1 polices écartées :", static_cast<std::int64_t>(skipped.size()))
+    std::cerr << localizedCount(
+                     "%1 police écartée :", "%1 polices écartées :", static_cast<std::int64_t>(skipped.size()))
               << '\n';
     const std::size_t named = std::min(skipped.size(), kMostNamed);
     for (std::size_t i = 0; i < named; ++i)
@@ -54,9 +55,9 @@ void reportSkipped(std::vector<SkippedFont> skipped)
 
 void printText(const Summary &summary)
 {
-    std::cout << localized("%1 dans %2, lues en %3 s",
-                           {localizedCount("%1 graisse", "%1 graisses", summary.faces),
-                            localizedCount("%1 famille", "%1 familles", summary.families), decimalDigits(summary.seconds)})
+    std::cout << localized("%1 dans %2, lues en %3 s", {localizedCount("%1 graisse", "%1 graisses", summary.faces),
+                                                        localizedCount("%1 famille", "%1 familles", summary.families),
+                                                        decimalDigits(summary.seconds)})
               << '\n';
 }
 
@@ -85,8 +86,9 @@ int runIndexCommand(const CommandContext &context, OutputFormat format)
     if (index.records.empty()) {
         reportSkipped(index.skipped);
         std::cerr << "kerlune: "
-                  << localized("Aucune police lisible : fontconfig n’en propose aucune. Installez des polices ou vérifiez "
-                               "sa configuration (« fc-list » donne ce qu’il trouve). L’index précédent est conservé.")
+                  << localized(
+                         "Aucune police lisible : fontconfig n’en propose aucune. Installez des polices ou vérifiez "
+                         "sa configuration (« fc-list » donne ce qu’il trouve). L’index précédent est conservé.")
                   << '\n';
         return kFailed;
     }

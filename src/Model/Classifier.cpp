@@ -17,20 +17,20 @@ namespace {
 using Words = std::span<const std::string_view>;
 
 // The trailing spaces of "pen " and "pi " belong to the words: they match "Open Sans" and not "Pencil".
-constexpr std::array<std::string_view, 11> kScriptWords{"script",  "hand",    "brush",  "signature", "calligr", "cursive",
-                                                        "written", "marker", "pen ", "ink",       "chalk"};
+constexpr std::array<std::string_view, 11> kScriptWords{"script",  "hand",   "brush", "signature", "calligr", "cursive",
+                                                        "written", "marker", "pen ",  "ink",       "chalk"};
 constexpr std::array<std::string_view, 4> kSlabWords{"slab", "clarendon", "rockwell", "courier"};
 constexpr std::array<std::string_view, 4> kMonoWords{"mono", "code", "console", "terminal"};
 constexpr std::array<std::string_view, 10> kDisplayWords{"display", "poster", "headline", "titling", "deco",
                                                          "stencil", "shadow", "outline",  "inline",  "3d"};
-constexpr std::array<std::string_view, 9> kDecorativeWords{"dingbat", "ornament", "symbol", "icon", "emoji",
-                                                           "wingding", "pi ",     "bats",   "picto"};
+constexpr std::array<std::string_view, 9> kDecorativeWords{"dingbat",  "ornament", "symbol", "icon", "emoji",
+                                                           "wingding", "pi ",      "bats",   "picto"};
 constexpr std::array<std::string_view, 18> kSerifWords{
-    "serif",   "times",    "garamond",     "georgia", "baskerville", "caslon",  "bodoni", "didot",  "minion",
-    "palatino", "book antiqua", "cambria", "constantia", "utopia",   "charter", "sabon",  "jenson", "bembo"};
+    "serif",    "times",        "garamond", "georgia",    "baskerville", "caslon",  "bodoni", "didot",  "minion",
+    "palatino", "book antiqua", "cambria",  "constantia", "utopia",      "charter", "sabon",  "jenson", "bembo"};
 constexpr std::array<std::string_view, 18> kSansWords{
-    "sans",    "grotesk", "grotesque", "gothic", "helvetica",  "arial",   "futura", "univers", "frutiger",
-    "avenir",  "inter",   "roboto",    "lato",   "montserrat", "poppins", "nunito", "manrope", "neue haas"};
+    "sans",   "grotesk", "grotesque", "gothic", "helvetica",  "arial",   "futura", "univers", "frutiger",
+    "avenir", "inter",   "roboto",    "lato",   "montserrat", "poppins", "nunito", "manrope", "neue haas"};
 
 std::optional<FontClass> classFromName(const std::string &family)
 {
@@ -94,7 +94,8 @@ FontClass classFromCapitalI(const CoverageImage &image)
     if (first == ink.end())
         return FontClass::unknown;
     const auto top = static_cast<std::size_t>(first - ink.begin());
-    const auto bottom = ink.size() - 1 - static_cast<std::size_t>(std::find_if(ink.rbegin(), ink.rend(), isInk) - ink.rbegin());
+    const auto bottom =
+        ink.size() - 1 - static_cast<std::size_t>(std::find_if(ink.rbegin(), ink.rend(), isInk) - ink.rbegin());
     if (bottom - top < 13)
         return FontClass::unknown;
 

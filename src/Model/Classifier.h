@@ -14,8 +14,8 @@ class CoverageImage;
 class Font;
 class FontFace;
 
-// Gives a face its class: from its pitch, its coverage, words of its family's name, its OpenType family class and, where
-// nothing else tells, from a drawing of its capital I.
+// Gives a face its class: from its pitch, its coverage, words of its family's name, its OpenType family class and,
+// where nothing else tells, from a drawing of its capital I.
 //
 // Thread: any; each face on one thread at a time.
 namespace Classifier {
@@ -23,7 +23,7 @@ namespace Classifier {
 // What the rules look at before anything is drawn.
 struct Features {
     std::string family;
-    bool isMonospace = false;         // the trait or PANOSE says so
+    bool isMonospace = false; // the trait or PANOSE says so
     std::uint64_t scriptMask = 0;
     std::int64_t glyphCount = 0;
     std::uint32_t symbolicTraits = 0; // see FontTraits

@@ -18,8 +18,8 @@ enum class FontClass {
     unknown = 7,
 };
 
-inline constexpr std::array kAllFontClasses{FontClass::sans,   FontClass::serif,   FontClass::slab,
-                                            FontClass::mono,   FontClass::script,  FontClass::display,
+inline constexpr std::array kAllFontClasses{FontClass::sans,       FontClass::serif,  FontClass::slab,
+                                            FontClass::mono,       FontClass::script, FontClass::display,
                                             FontClass::decorative, FontClass::unknown};
 
 constexpr int rawValue(FontClass fontClass)

@@ -60,8 +60,8 @@ tl::expected<FontRecord, FontError> extractFace(const std::shared_ptr<const Font
     record.capHeightRatio = metrics.capHeight;
     record.glyphCount = face->glyphCount();
     record.scriptMask = ScriptCoverage::mask(*face);
-    record.classification =
-        Classifier::classify({record.family, record.isMonospace, record.scriptMask, record.glyphCount, traits.symbolic}, face);
+    record.classification = Classifier::classify(
+        {record.family, record.isMonospace, record.scriptMask, record.glyphCount, traits.symbolic}, face);
     record.version = face->name(NameId::Version);
     record.foundry = face->name(NameId::Manufacturer);
     record.designer = face->name(NameId::Designer);
@@ -102,8 +102,7 @@ Extraction extractWithin(std::chrono::nanoseconds mostTime, FaceOpener &opener, 
 
 FontIndexer::FontIndexer(const FontCatalog &catalog)
     : m_catalog(catalog)
-{
-}
+{}
 
 FontIndexer::Index FontIndexer::buildIndex(const ProgressHandler &onProgress) const
 {

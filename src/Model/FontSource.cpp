@@ -29,8 +29,7 @@ FontSource::FontSource(std::string id, std::string family, std::string styleName
     , m_styleName(std::move(styleName))
     , m_record(std::move(record))
     , m_descriptor(std::move(descriptor))
-{
-}
+{}
 
 std::unique_ptr<Font> FontSource::font(double size, const FontCatalog &catalog) const
 {

@@ -13,7 +13,8 @@ namespace {
 std::optional<double> coordinate(const FontFace &face, Tag axis)
 {
     const auto &all = face.coordinates();
-    const auto found = std::find_if(all.begin(), all.end(), [axis](const AxisValue &value) { return value.axis == axis; });
+    const auto found =
+        std::find_if(all.begin(), all.end(), [axis](const AxisValue &value) { return value.axis == axis; });
     return found == all.end() ? std::nullopt : std::optional(found->value);
 }
 

@@ -18,10 +18,10 @@ class FontFace;
 namespace ScriptCoverage {
 
 struct Language {
-    const char *id;                // stable key
-    const char *labelKey;          // the French label, untranslated
-    std::u32string_view required;  // every character that a face must have to count as covering the entry
-    const char *group;             // "Latin", "Ecritures" or "Typographie"
+    const char *id;               // stable key
+    const char *labelKey;         // the French label, untranslated
+    std::u32string_view required; // every character that a face must have to count as covering the entry
+    const char *group;            // "Latin", "Ecritures" or "Typographie"
 
     std::string label() const; // for display
 };

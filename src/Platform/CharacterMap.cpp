@@ -210,7 +210,8 @@ bool CharacterMap::isSorted() const
     std::uint32_t previous = 0;
     for (std::size_t i = 0; i < m_count; ++i) {
         const std::size_t at = hasSegments ? 14 + 2 * i : 16 + 12 * i + 4;
-        const std::uint32_t end = hasSegments ? readU16(m_subtable, at).value_or(0) : readU32(m_subtable, at).value_or(0);
+        const std::uint32_t end =
+            hasSegments ? readU16(m_subtable, at).value_or(0) : readU32(m_subtable, at).value_or(0);
         if (end < previous)
             return false;
         previous = end;

@@ -11,8 +11,8 @@ class FaceTables;
 
 // Which characters a face has, and by which glyph (OpenType 'cmap').
 //
-// The fullest Unicode subtable is used: (3,10), (0,6), (0,4), (3,1), (0,3), (0,2), (0,1), (0,0), in formats 0, 4, 6, 10,
-// 12 and 13. A symbol face (3,0) has no characters of Unicode. An old Macintosh face, which has neither, is read
+// The fullest Unicode subtable is used: (3,10), (0,6), (0,4), (3,1), (0,3), (0,2), (0,1), (0,0), in formats 0, 4, 6,
+// 10, 12 and 13. A symbol face (3,0) has no characters of Unicode. An old Macintosh face, which has neither, is read
 // through Mac Roman. A character that is mapped to glyph 0 is missing.
 //
 // Thread: any.
@@ -40,8 +40,8 @@ private:
     std::vector<std::uint8_t> m_subtable;
     Encoding m_encoding = Encoding::Unicode;
     std::uint16_t m_format = 0;
-    std::size_t m_count = 0;  // segments or groups
-    bool m_isSorted = true;   // segments in order, so that a binary search finds them
+    std::size_t m_count = 0; // segments or groups
+    bool m_isSorted = true;  // segments in order, so that a binary search finds them
 };
 
 } // namespace kerlune

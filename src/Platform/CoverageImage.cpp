@@ -13,8 +13,7 @@ CoverageImage::CoverageImage(std::uint32_t width, std::uint32_t height)
     : m_width(width)
     , m_height(height)
     , m_pixels(std::size_t{width} * height)
-{
-}
+{}
 
 std::span<const std::uint8_t> CoverageImage::row(std::uint32_t fromTop) const
 {

@@ -20,8 +20,7 @@ bool isWrapped(const FontFile &file)
 
 FaceTables::FaceTables(std::shared_ptr<const FontFile> file)
     : m_file(std::move(file))
-{
-}
+{}
 
 FaceTables::~FaceTables() = default;
 FaceTables::FaceTables(FaceTables &&) noexcept = default;

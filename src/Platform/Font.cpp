@@ -17,7 +17,7 @@ namespace kerlune {
 
 namespace {
 
-constexpr double kUnitsPerFontUnit = 64; // outlines are loaded at one pixel to the font unit, in 26.6
+constexpr double kUnitsPerFontUnit = 64;   // outlines are loaded at one pixel to the font unit, in 26.6
 constexpr double kFurthestPixel = 100'000; // beyond it FreeType's rasteriser would overflow
 
 void selectInstance(FT_Face face, const std::vector<AxisValue> &coordinates)
@@ -50,8 +50,7 @@ Font::Font(std::shared_ptr<const FontFace> face, double size, std::unique_ptr<Fr
     , m_size(size)
     , m_characters(m_face->characterMap())
     , m_freeType(std::move(freeType))
-{
-}
+{}
 
 Font::~Font() = default;
 
@@ -82,7 +81,8 @@ bool Font::draw(std::uint32_t glyph, const GlyphPlacement &placement, CoverageIm
     FT_Outline &outline = m_freeType->face()->glyph->outline;
     const double scale = placement.scale * m_size / m_face->unitsPerEm() / kUnitsPerFontUnit;
     const auto place = [scale](FT_Pos position, double offset) {
-        const double pixels = std::clamp(static_cast<double>(position) * scale + offset, -kFurthestPixel, kFurthestPixel);
+        const double pixels =
+            std::clamp(static_cast<double>(position) * scale + offset, -kFurthestPixel, kFurthestPixel);
         return static_cast<FT_Pos>(std::lround(pixels * 64)); // 26.6
     };
     for (short i = 0; i < outline.n_points; ++i)

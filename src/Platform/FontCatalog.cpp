@@ -19,8 +19,8 @@ tl::expected<std::string, FontError> usableName(const FontFace &face)
     return *std::move(name);
 }
 
-tl::expected<void, FontError> appendFace(std::vector<FontDescriptor> &fonts, const std::shared_ptr<const FontFile> &file,
-                                         std::uint32_t faceIndex)
+tl::expected<void, FontError> appendFace(std::vector<FontDescriptor> &fonts,
+                                         const std::shared_ptr<const FontFile> &file, std::uint32_t faceIndex)
 {
     const auto face = FontFace::open(file, faceIndex);
     if (!face)

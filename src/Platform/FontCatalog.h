@@ -9,7 +9,7 @@
 
 namespace kerlune {
 
-// A file, or some of its faces, that the catalogue or the indexer passed over.
+// A font file, or some of its faces, that the system, the catalogue or the indexer passed over.
 struct SkippedFont {
     std::string path;
     FontError reason;
@@ -39,7 +39,8 @@ public:
 
     // Every face on offer, the files registered for this process first and in that order, then the system's by path,
     // face and instance. Faces that could not be indexed are not offered: those without a PostScript name, hidden
-    // ones, those with an em of 0 units.
+    // ones, those with an em of 0 units. They are named in `skipped`, as are the files in the system's font folders
+    // that the system itself does not offer.
     virtual Listing availableFonts(Duplicates duplicates) const = 0;
 
     // The face on offer with that PostScript name, or else with one that differs only in case.

@@ -37,9 +37,8 @@ std::vector<hb_ot_var_axis_info_t> readAxes(hb_face_t *face)
 std::string asciiLettersAndDigits(const std::string &text)
 {
     std::string kept;
-    std::copy_if(text.begin(), text.end(), std::back_inserter(kept), [](char c) {
-        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
-    });
+    std::copy_if(text.begin(), text.end(), std::back_inserter(kept),
+                 [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); });
     return kept;
 }
 

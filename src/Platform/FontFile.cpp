@@ -78,8 +78,7 @@ tl::expected<std::shared_ptr<const FontFile>, FontError> FontFile::open(std::str
 FontFile::FontFile(std::string path, int descriptor)
     : m_path(std::move(path))
     , m_descriptor(descriptor)
-{
-}
+{}
 
 FontFile::~FontFile()
 {
@@ -191,6 +190,8 @@ std::string describe(FontError error)
         return localized("police masquée du système");
     case FontError::NoUnitsPerEm:
         return localized("cadratin de 0 unité");
+    case FontError::RefusedBySystem:
+        return localized("lisible, mais refusée par la configuration des polices du système");
     case FontError::TooCostly:
         return localized("lecture de plus de 2 secondes");
     }

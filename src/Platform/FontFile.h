@@ -1,5 +1,7 @@
 #pragma once
 
+#include <tl/expected.hpp>
+
 #include <cstdint>
 #include <filesystem>
 #include <memory>
@@ -7,25 +9,24 @@
 #include <string>
 #include <vector>
 
-#include <tl/expected.hpp>
-
 namespace kerlune {
 
 // Why a font file, or one face of it, is not read.
 enum class FontError {
     NotFound,
     PermissionDenied,
-    NotAFile,       // a folder, a device, a pipe
-    Unreadable,     // the system reports another error
-    NotUtf8Path,    // the path is not valid text and could not be stored
-    UnknownFormat,  // neither SFNT nor a container of SFNT
-    Damaged,        // the directory or the tables that every face needs are broken
-    TooLarge,       // compressed font with more than 30 MiB inside
+    NotAFile,      // a folder, a device, a pipe
+    Unreadable,    // the system reports another error
+    NotUtf8Path,   // the path is not valid text and could not be stored
+    UnknownFormat, // neither SFNT nor a container of SFNT
+    Damaged,       // the directory or the tables that every face needs are broken
+    TooLarge,      // compressed font with more than 30 MiB inside
     NoSuchFace,
     NoPostScriptName,
-    HiddenName,     // the PostScript name begins with "."
-    NoUnitsPerEm,   // OpenType head.unitsPerEm is 0
-    TooCostly,      // reading it took longer than a face may
+    HiddenName,      // the PostScript name begins with "."
+    NoUnitsPerEm,    // OpenType head.unitsPerEm is 0
+    RefusedBySystem, // readable, but the system does not offer it
+    TooCostly,       // reading it took longer than a face may
 };
 
 // What the error means, for the user.
@@ -47,10 +48,10 @@ public:
     FontFile &operator=(const FontFile &) = delete;
 
     const std::string &path() const { return m_path; }
-    std::uint64_t size() const { return m_size; }                   // bytes
-    double modificationTime() const { return m_modificationTime; }  // seconds since 1970-01-01 UTC
+    std::uint64_t size() const { return m_size; }                  // bytes
+    double modificationTime() const { return m_modificationTime; } // seconds since 1970-01-01 UTC
     Container container() const { return m_container; }
-    std::uint32_t faceCount() const { return m_faceCount; }         // 0 where only FreeType can tell: WOFF, suitcase
+    std::uint32_t faceCount() const { return m_faceCount; } // 0 where only FreeType can tell: WOFF, suitcase
 
     // Offset of the table directory of a face; Sfnt and Collection only. 0 ≤ faceIndex < faceCount().
     std::uint32_t directoryOffset(std::uint32_t faceIndex) const;

@@ -48,8 +48,7 @@ struct FreeTypeFace::Implementation {
 
 FreeTypeFace::FreeTypeFace(std::unique_ptr<Implementation> implementation)
     : m_implementation(std::move(implementation))
-{
-}
+{}
 
 FreeTypeFace::~FreeTypeFace() = default;
 

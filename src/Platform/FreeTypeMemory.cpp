@@ -19,8 +19,7 @@ FreeTypeMemory &owner(FT_Memory memory)
 FreeTypeMemory::FreeTypeMemory()
     : m_record(std::make_unique<FT_MemoryRec_>(FT_MemoryRec_{this, &allocate, &release, &reallocate}))
     , m_blocks{&m_blocks, &m_blocks, 0}
-{
-}
+{}
 
 FreeTypeMemory::~FreeTypeMemory()
 {

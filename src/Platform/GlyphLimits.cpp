@@ -26,8 +26,7 @@ public:
     explicit ComponentTree(const FaceTables &tables)
         : m_tables(tables)
         , m_hasLongOffsets(readI16(tables.readRange(tag("head"), 50, 2), 0).value_or(0) != 0) // head.indexToLocFormat
-    {
-    }
+    {}
 
     // Nodes of the tree below a glyph, itself included; more than kMostNodes once a limit is passed.
     std::uint64_t countNodes(std::uint32_t glyph, unsigned level)

@@ -96,8 +96,7 @@ FontIndexStore::FontIndexStore(Handle<sqlite3, sqlite3_close_v2> connection, Clo
     : m_queue(kQueueLabel)
     , m_db(std::move(connection))
     , m_clock(std::move(clock))
-{
-}
+{}
 
 tl::expected<std::unique_ptr<FontIndexStore>, FontIndexStore::StoreError>
 FontIndexStore::open(const std::filesystem::path &path, Clock clock)
@@ -129,8 +128,7 @@ tl::expected<void, FontIndexStore::StoreError> FontIndexStore::migrate()
     return {};
 }
 
-tl::expected<void, FontIndexStore::StoreError>
-FontIndexStore::replaceAll(std::span<const FontRecordPointer> records)
+tl::expected<void, FontIndexStore::StoreError> FontIndexStore::replaceAll(std::span<const FontRecordPointer> records)
 {
     return m_queue.sync([&]() -> tl::expected<void, StoreError> {
         // Outside a transaction the deletion below would be for good.
@@ -149,8 +147,7 @@ FontIndexStore::replaceAll(std::span<const FontRecordPointer> records)
     });
 }
 
-tl::expected<void, FontIndexStore::StoreError>
-FontIndexStore::insertAll(std::span<const FontRecordPointer> records)
+tl::expected<void, FontIndexStore::StoreError> FontIndexStore::insertAll(std::span<const FontRecordPointer> records)
 {
     if (!execute("DELETE FROM fonts;"))
         return tl::unexpected(error(StoreError::Kind::step));
@@ -256,8 +253,9 @@ void FontIndexStore::noteRecent(const std::string &family)
 
 std::vector<std::string> FontIndexStore::recents(int limit)
 {
-    return m_queue.sync(
-        [&] { return firstColumn("SELECT family FROM recents ORDER BY used DESC LIMIT " + std::to_string(limit) + ";"); });
+    return m_queue.sync([&] {
+        return firstColumn("SELECT family FROM recents ORDER BY used DESC LIMIT " + std::to_string(limit) + ";");
+    });
 }
 
 std::vector<FontIndexStore::Collection> FontIndexStore::collections()
@@ -303,7 +301,8 @@ void FontIndexStore::addToCollection(const std::string &id, std::span<const std:
 
 std::vector<std::string> FontIndexStore::collectionMembers(const std::string &id)
 {
-    return m_queue.sync([&] { return firstColumn("SELECT family FROM collection_items WHERE collection_id=?;", {id}); });
+    return m_queue.sync(
+        [&] { return firstColumn("SELECT family FROM collection_items WHERE collection_id=?;", {id}); });
 }
 
 std::map<std::string, std::set<std::string>> FontIndexStore::tags()
@@ -322,7 +321,8 @@ void FontIndexStore::setTag(const std::string &tag, std::span<const std::string>
     m_queue.sync([&] {
         execute("BEGIN;");
         for (const std::string &family : families) {
-            run(on ? "INSERT OR IGNORE INTO tags(family,tag) VALUES(?,?);" : "DELETE FROM tags WHERE family=? AND tag=?;",
+            run(on ? "INSERT OR IGNORE INTO tags(family,tag) VALUES(?,?);"
+                   : "DELETE FROM tags WHERE family=? AND tag=?;",
                 {family, tag});
         }
         commit();
@@ -408,7 +408,8 @@ void FontIndexStore::run(std::string_view sql, std::initializer_list<std::string
     statement.finishes();
 }
 
-std::vector<std::string> FontIndexStore::firstColumn(std::string_view sql, std::initializer_list<std::string_view> texts)
+std::vector<std::string> FontIndexStore::firstColumn(std::string_view sql,
+                                                     std::initializer_list<std::string_view> texts)
 {
     Statement select(m_db.get(), sql);
     int parameter = 0;

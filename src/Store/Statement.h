@@ -24,7 +24,7 @@ public:
 
     explicit operator bool() const { return m_statement != nullptr; }
 
-    void bind(int parameter, std::string_view text);      // UTF-8, copied
+    void bind(int parameter, std::string_view text); // UTF-8, copied
     void bind(int parameter, double value);
     void bind(int parameter, std::int64_t value);
     void bind(int parameter, std::span<const std::uint8_t> blob);

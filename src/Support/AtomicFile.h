@@ -1,10 +1,10 @@
 #pragma once
 
+#include <tl/expected.hpp>
+
 #include <filesystem>
 #include <string>
 #include <string_view>
-
-#include <tl/expected.hpp>
 
 namespace kerlune {
 

@@ -17,8 +17,7 @@ std::chrono::nanoseconds threadTime()
 
 CpuStopwatch::CpuStopwatch()
     : m_start(threadTime())
-{
-}
+{}
 
 std::chrono::nanoseconds CpuStopwatch::elapsed() const
 {

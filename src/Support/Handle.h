@@ -7,7 +7,10 @@ namespace kerlune {
 template <auto Release>
 struct HandleDeleter {
     template <typename T>
-    void operator()(T *handle) const { Release(handle); }
+    void operator()(T *handle) const
+    {
+        Release(handle);
+    }
 };
 
 // Owns one object of a C library and gives it back with the library's own function.

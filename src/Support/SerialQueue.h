@@ -13,8 +13,7 @@ class SerialQueue final {
 public:
     explicit SerialQueue(std::string label)
         : m_label(std::move(label))
-    {
-    }
+    {}
 
     const std::string &label() const { return m_label; }
 

@@ -20,22 +20,14 @@ TEST(Classifier, TakesTheFirstListWithAWordOfTheName)
 {
     const std::pair<const char *, FontClass> cases[]{
         {"Open Sans", FontClass::script}, // "pen " with its space
-        {"Pencil", FontClass::unknown},
-        {"Great HANDWRITING Sans", FontClass::script},
-        {"Courier Prime", FontClass::slab},
-        {"Roboto Slab Mono", FontClass::slab},
-        {"Fira Code", FontClass::mono},
-        {"Playfair Display", FontClass::display},
-        {"3D Serif", FontClass::display},
-        {"Noto Color Emoji", FontClass::decorative},
-        {"Pi Font", FontClass::decorative},
-        {"Pi", FontClass::unknown},
-        {"Noto Serif", FontClass::serif},
-        {"PT Sans Serif", FontClass::sans},
-        {"Book Antiqua", FontClass::serif},
-        {"Neue Haas Unica", FontClass::sans},
-        {"Interstate", FontClass::sans},
-        {"ÉLATO", FontClass::sans},
+        {"Pencil", FontClass::unknown},     {"Great HANDWRITING Sans", FontClass::script},
+        {"Courier Prime", FontClass::slab}, {"Roboto Slab Mono", FontClass::slab},
+        {"Fira Code", FontClass::mono},     {"Playfair Display", FontClass::display},
+        {"3D Serif", FontClass::display},   {"Noto Color Emoji", FontClass::decorative},
+        {"Pi Font", FontClass::decorative}, {"Pi", FontClass::unknown},
+        {"Noto Serif", FontClass::serif},   {"PT Sans Serif", FontClass::sans},
+        {"Book Antiqua", FontClass::serif}, {"Neue Haas Unica", FontClass::sans},
+        {"Interstate", FontClass::sans},    {"ÉLATO", FontClass::sans},
         {"Zapfino", FontClass::unknown},
     };
     for (const auto &[family, expected] : cases)
@@ -62,11 +54,12 @@ TEST(Classifier, TakesSmallBasicLatinFacesForDisplay)
 TEST(Classifier, ReadsTheFamilyClassOfTheTable)
 {
     const std::pair<int, FontClass> cases[]{
-        {1, FontClass::serif}, {2, FontClass::serif}, {3, FontClass::serif},       {4, FontClass::slab},
-        {5, FontClass::slab},  {7, FontClass::serif}, {8, FontClass::sans},        {9, FontClass::decorative},
+        {1, FontClass::serif},   {2, FontClass::serif},      {3, FontClass::serif}, {4, FontClass::slab},
+        {5, FontClass::slab},    {7, FontClass::serif},      {8, FontClass::sans},  {9, FontClass::decorative},
         {10, FontClass::script}, {12, FontClass::decorative}};
     for (const auto &[number, expected] : cases) {
-        const std::string name = "family-class-" + std::string(number < 10 ? "0" : "") + std::to_string(number) + ".ttf";
+        const std::string name =
+            "family-class-" + std::string(number < 10 ? "0" : "") + std::to_string(number) + ".ttf";
         const auto record = FontIndexer::extract({testFont(name), 0, 0, {}});
         ASSERT_TRUE(record) << name;
         EXPECT_EQ(record->classification, expected) << name;
@@ -75,9 +68,11 @@ TEST(Classifier, ReadsTheFamilyClassOfTheTable)
 
 TEST(Classifier, MeasuresTheCapitalI)
 {
-    const std::pair<const char *, FontClass> cases[]{
-        {"i-sans.ttf", FontClass::sans},     {"i-slab.ttf", FontClass::slab},     {"i-serif.ttf", FontClass::serif},
-        {"i-short.ttf", FontClass::unknown}, {"i-missing.ttf", FontClass::unknown}};
+    const std::pair<const char *, FontClass> cases[]{{"i-sans.ttf", FontClass::sans},
+                                                     {"i-slab.ttf", FontClass::slab},
+                                                     {"i-serif.ttf", FontClass::serif},
+                                                     {"i-short.ttf", FontClass::unknown},
+                                                     {"i-missing.ttf", FontClass::unknown}};
     for (const auto &[name, expected] : cases) {
         const auto record = FontIndexer::extract({testFont(name), 0, 0, {}});
         ASSERT_TRUE(record) << name;

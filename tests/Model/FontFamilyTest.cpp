@@ -48,8 +48,8 @@ TEST(FontFamily, SortsUprightThenWidthThenWeightThenStyle)
                                 {"ItalicThin", -1, 0, true},
                                 {"RegularTwin", 0, 0, false}})
                             .sortedFaces();
-    EXPECT_THAT(names(sorted), ElementsAre("CondensedBlack", "Regular", "RegularTwin", "BoldA", "BoldB", "ItalicThin",
-                                           "Italic"));
+    EXPECT_THAT(names(sorted),
+                ElementsAre("CondensedBlack", "Regular", "RegularTwin", "BoldA", "BoldB", "ItalicThin", "Italic"));
 }
 
 TEST(FontFamily, IsRepresentedByTheFaceNearestToRegular)

@@ -167,8 +167,8 @@ TEST(FontIndexer, KeepsTheCataloguesOrderAndNamesWhatItSkips)
 TEST(FontIndexer, GroupsFacesByExactFamilyName)
 {
     std::vector<FontRecordPointer> records;
-    const std::pair<const char *, const char *> faces[]{{"Essai 10", "a"}, {"Essai 9", "b"},  {"essai 9", "c"},
-                                                        {"Essai 10", "d"}, {"Arial", "e"}};
+    const std::pair<const char *, const char *> faces[]{
+        {"Essai 10", "a"}, {"Essai 9", "b"}, {"essai 9", "c"}, {"Essai 10", "d"}, {"Arial", "e"}};
     for (const auto &[family, name] : faces) {
         FontRecord record;
         record.family = family;

@@ -23,8 +23,8 @@ FontRecord sample()
 
 TEST(FontRecord, MapsWeightsToCss)
 {
-    const std::pair<double, int> cases[]{{-1, 100},   {-0.5, 300}, {-0.4, 300}, {0, 400},    {0.23, 500}, {0.29, 500},
-                                         {0.3, 600},  {0.6, 700},  {1, 900},    {2.0, 900},  {-3.0, 100}};
+    const std::pair<double, int> cases[]{{-1, 100},  {-0.5, 300}, {-0.4, 300}, {0, 400},   {0.23, 500}, {0.29, 500},
+                                         {0.3, 600}, {0.6, 700},  {1, 900},    {2.0, 900}, {-3.0, 100}};
     for (const auto &[weight, css] : cases) {
         FontRecord record;
         record.weight = weight;
@@ -35,10 +35,9 @@ TEST(FontRecord, MapsWeightsToCss)
 TEST(FontRecord, ReadsEmbeddingRightsFromTheStrictestBit)
 {
     using enum EmbeddingRights;
-    const std::pair<std::uint16_t, EmbeddingRights> cases[]{{0x0000, installable},     {0x000A, restricted},
-                                                            {0x000C, previewAndPrint}, {0x0008, editable},
-                                                            {0x0009, editable},        {0x0001, unknown},
-                                                            {0x0300, installable},     {0x0302, restricted}};
+    const std::pair<std::uint16_t, EmbeddingRights> cases[]{
+        {0x0000, installable}, {0x000A, restricted}, {0x000C, previewAndPrint}, {0x0008, editable},
+        {0x0009, editable},    {0x0001, unknown},    {0x0300, installable},     {0x0302, restricted}};
     for (const auto &[fsType, rights] : cases)
         EXPECT_EQ(embeddingRightsFromFsType(fsType), rights) << fsType;
     EXPECT_EQ(label(restricted), "Intégration interdite");
@@ -72,9 +71,14 @@ TEST(FontRecord, DecodesOnlyWholeRecordsOfTheRightKinds)
         object.erase(required);
         EXPECT_FALSE(decodeRecord(object)) << required;
     }
-    for (const auto &[key, wrong] : std::initializer_list<std::pair<const char *, nlohmann::json>>{
-             {"classification", 8}, {"classification", -1}, {"fsType", 65536}, {"fileSize", -1}, {"isItalic", 1},
-             {"family", nullptr}, {"glyphCount", 0x8000000000000000U}}) {
+    for (const auto &[key, wrong] :
+         std::initializer_list<std::pair<const char *, nlohmann::json>>{{"classification", 8},
+                                                                        {"classification", -1},
+                                                                        {"fsType", 65536},
+                                                                        {"fileSize", -1},
+                                                                        {"isItalic", 1},
+                                                                        {"family", nullptr},
+                                                                        {"glyphCount", 0x8000000000000000U}}) {
         auto object = sound;
         object[key] = wrong;
         EXPECT_FALSE(decodeRecord(object)) << key << wrong;

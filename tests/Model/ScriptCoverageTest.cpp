@@ -39,14 +39,15 @@ TEST(ScriptCoverage, HasNotChangedACharacterOrAPlace)
 TEST(ScriptCoverage, KeepsTheBitNumbersOfStoredMasks)
 {
     const std::map<std::string, unsigned> bits{
-        {"latin", 0},      {"french", 1},     {"german", 2},    {"spanish", 3},    {"portuguese", 4},  {"italian", 5},
-        {"nordic", 6},     {"polish", 7},     {"czech", 8},     {"hungarian", 9},  {"romanian", 10},   {"turkish", 11},
-        {"vietnamese", 12}, {"baltic", 13},   {"cyrillic", 14}, {"greek", 15},     {"arabic", 16},     {"hebrew", 17},
-        {"devanagari", 18}, {"thai", 19},     {"japanese", 20}, {"korean", 21},    {"chinese", 22},    {"punctuation", 23},
-        {"currency", 24},  {"math", 25},      {"arrows", 26},   {"fractions", 27}, {"oldstyle", 28},   {"tamil", 29},
-        {"bengali", 30},   {"gujarati", 31},  {"telugu", 32},   {"kannada", 33},   {"malayalam", 34},  {"gurmukhi", 35},
-        {"sinhala", 36},   {"armenian", 37},  {"georgian", 38}, {"oriya", 39},     {"myanmar", 40},    {"lao", 41},
-        {"khmer", 42}};
+        {"latin", 0},     {"french", 1},    {"german", 2},      {"spanish", 3},      {"portuguese", 4},
+        {"italian", 5},   {"nordic", 6},    {"polish", 7},      {"czech", 8},        {"hungarian", 9},
+        {"romanian", 10}, {"turkish", 11},  {"vietnamese", 12}, {"baltic", 13},      {"cyrillic", 14},
+        {"greek", 15},    {"arabic", 16},   {"hebrew", 17},     {"devanagari", 18},  {"thai", 19},
+        {"japanese", 20}, {"korean", 21},   {"chinese", 22},    {"punctuation", 23}, {"currency", 24},
+        {"math", 25},     {"arrows", 26},   {"fractions", 27},  {"oldstyle", 28},    {"tamil", 29},
+        {"bengali", 30},  {"gujarati", 31}, {"telugu", 32},     {"kannada", 33},     {"malayalam", 34},
+        {"gurmukhi", 35}, {"sinhala", 36},  {"armenian", 37},   {"georgian", 38},    {"oriya", 39},
+        {"myanmar", 40},  {"lao", 41},      {"khmer", 42}};
     EXPECT_EQ(bits.size(), ScriptCoverage::all().size());
     for (const auto &[id, bit] : bits)
         EXPECT_EQ(ScriptCoverage::bit(id), std::uint64_t{1} << bit) << id;
@@ -67,7 +68,8 @@ TEST(ScriptCoverage, NeedsEveryCharacterOfAnEntry)
 
 TEST(ScriptCoverage, ListsAndGroupsEntries)
 {
-    const auto languages = ScriptCoverage::languages((std::uint64_t{1} << 28) | (std::uint64_t{1} << 1) | (std::uint64_t{1} << 50));
+    const auto languages =
+        ScriptCoverage::languages((std::uint64_t{1} << 28) | (std::uint64_t{1} << 1) | (std::uint64_t{1} << 50));
     ASSERT_EQ(languages.size(), 2U);
     EXPECT_STREQ(languages[0].id, "french");
     EXPECT_EQ(languages[1].label(), "Ligatures");

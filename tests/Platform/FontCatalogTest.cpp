@@ -13,7 +13,6 @@
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QTimer>
-
 #include <gmock/gmock.h>
 
 #include <chrono>
@@ -99,6 +98,28 @@ TEST_F(FontCatalogTest, LeavesOutWhatCouldNotBeIndexed)
     EXPECT_THAT(names(), ElementsAre("EssaiPlain-Regular"));
 }
 
+// fontconfig says nothing of the files that it leaves out; a user would look for them.
+TEST_F(FontCatalogTest, NamesTheFilesThatFontconfigDoesNotOffer)
+{
+    offer("plain.ttf", "a.ttf");
+    offer("text.ttf", "sub.ttf");
+    writeFile(fonts() / "deeper/notes.txt", "no font");
+    fs::copy_file(testFont("text.ttf"), fonts() / "deeper/c.OTF");
+    offer("huge-offsets.ttf", ".hidden.ttf");
+    const auto listing = m_catalog.availableFonts(Duplicates::Remove);
+    EXPECT_EQ(listing.fonts.size(), 1U);
+    EXPECT_THAT(listing.skipped, ElementsAre(SkippedFont{fonts() / "deeper/c.OTF", FontError::UnknownFormat},
+                                             SkippedFont{fonts() / "sub.ttf", FontError::UnknownFormat}));
+
+    writeFile(m_home / "fonts.conf",
+              "<?xml version=\"1.0\"?><fontconfig><dir>" + fonts().string() + "</dir><cachedir>" +
+                  (m_home / "fontconfig-cache").string() +
+                  "</cachedir><selectfont><rejectfont><glob>*/a.ttf</glob></rejectfont></selectfont></fontconfig>");
+    EXPECT_THAT(m_catalog.availableFonts(Duplicates::Remove).fonts, IsEmpty());
+    EXPECT_THAT(m_catalog.availableFonts(Duplicates::Remove).skipped,
+                testing::Contains(SkippedFont{fonts() / "a.ttf", FontError::RefusedBySystem}));
+}
+
 TEST_F(FontCatalogTest, IsEmptyWithoutFonts)
 {
     EXPECT_THAT(names(), IsEmpty());
@@ -124,7 +145,7 @@ TEST_F(FontCatalogTest, ReadsAFileAgainOnlyWhenItsTimeOrSizeChanged)
     fs::last_write_time(path, time + std::chrono::nanoseconds(1'000'000));
     EXPECT_THAT(next.availableFonts(Duplicates::Keep).fonts, IsEmpty());
     EXPECT_THAT(next.availableFonts(Duplicates::Keep).skipped,
-                ElementsAre(SkippedFont{fs::canonical(path), FontError::UnknownFormat}));
+                testing::ElementsAre(SkippedFont{fs::canonical(path), FontError::UnknownFormat}));
 }
 
 TEST_F(FontCatalogTest, DoesWithoutADamagedOrUnwritableCache)

@@ -42,7 +42,6 @@ NameTable makeTable(const std::vector<NameRecord> &records)
     return NameTable(std::move(table));
 }
 
-
 TEST(NameTable, DecodesByPlatformAndEncoding)
 {
     using namespace std::string_literals;

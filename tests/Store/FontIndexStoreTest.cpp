@@ -111,10 +111,11 @@ TEST_F(FontIndexStoreTest, KeepsEveryFieldOfARecord)
 TEST_F(FontIndexStoreTest, WritesColumnsThatOtherProgramsRead)
 {
     open()->replaceAll(shared({sampleRecord("A")}));
-    EXPECT_THAT(sql("SELECT * FROM fonts"),
-                ElementsAre("A|Famille « É »|Gras|/fonts/it's.otf|1700000000.12346|5000000000|0.6|-0.25|0.4|4026540035|1|"
-                            "0|1|0|0.5|0.7|65535|2|-9223372036854775807|Version 1|Fonderie|Élodie|https://example.org|©|"
-                            "65535"));
+    EXPECT_THAT(
+        sql("SELECT * FROM fonts"),
+        ElementsAre("A|Famille « É »|Gras|/fonts/it's.otf|1700000000.12346|5000000000|0.6|-0.25|0.4|4026540035|1|"
+                    "0|1|0|0.5|0.7|65535|2|-9223372036854775807|Version 1|Fonderie|Élodie|https://example.org|©|"
+                    "65535"));
     EXPECT_THAT(sql("SELECT key, value FROM meta ORDER BY key"),
                 ElementsAre("count|1", "indexed_at|1000001.0", "schema_version|3"));
     EXPECT_THAT(sql("SELECT name FROM sqlite_master WHERE name NOT LIKE 'sqlite_%' ORDER BY name"),
@@ -245,8 +246,8 @@ TEST_F(FontIndexStoreTest, KeepsFingerprintsAsPackedFloats)
     EXPECT_THAT(sql("SELECT ps_name, hex(vector), typeof(vector) FROM fingerprints ORDER BY ps_name"),
                 ElementsAre("A|0000803F000020C0|blob", "B||blob", "C|0000003F|blob"));
     sql("INSERT INTO fingerprints VALUES('odd', zeroblob(10)), ('null', NULL), (NULL, zeroblob(4))");
-    EXPECT_THAT(store->loadFingerprints(),
-                UnorderedElementsAre(Pair("A", ElementsAre(1.0F, -2.5F)), Pair("B", IsEmpty()), Pair("C", ElementsAre(0.5F))));
+    EXPECT_THAT(store->loadFingerprints(), UnorderedElementsAre(Pair("A", ElementsAre(1.0F, -2.5F)),
+                                                                Pair("B", IsEmpty()), Pair("C", ElementsAre(0.5F))));
 }
 
 TEST_F(FontIndexStoreTest, ListsRecentFamiliesNewestFirst)

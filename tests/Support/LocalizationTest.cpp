@@ -2,7 +2,6 @@
 
 #include <QCoreApplication>
 #include <QTranslator>
-
 #include <gmock/gmock.h>
 
 namespace kerlune {

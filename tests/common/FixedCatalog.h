@@ -11,8 +11,7 @@ class FixedCatalog final : public FontCatalog {
 public:
     explicit FixedCatalog(std::vector<std::string> paths = {})
         : m_paths(std::move(paths))
-    {
-    }
+    {}
 
     Listing availableFonts(Duplicates) const override
     {

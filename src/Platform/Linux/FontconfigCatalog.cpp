@@ -3,6 +3,7 @@
 #include "Platform/DescriptorCache.h"
 #include "Platform/Linux/ProcessFonts.h"
 #include "Support/Handle.h"
+#include "Support/Text.h"
 
 #include <fontconfig/fontconfig.h>
 #include <sys/stat.h>
@@ -15,6 +16,7 @@
 #include <optional>
 #include <set>
 #include <string_view>
+#include <system_error>
 #include <unordered_set>
 #include <utility>
 
@@ -25,10 +27,10 @@ namespace {
 // A file to list. Without face indices all of its faces are wanted.
 struct WantedFile {
     std::string path; // resolved
-    std::set<std::uint32_t> faces;
-    std::optional<DescriptorCache::Stamp> stamp; // absent when the file is gone
-    FontCatalog::Listing listing;
-    bool isFresh = false; // read now, not taken from the cache
+    std::set<std::uint32_t> faces = {};
+    bool isOffered = true; // false for a file that fontconfig left out: only why is of interest
+    std::optional<DescriptorCache::Stamp> stamp = {}; // absent when the file is gone
+    FontCatalog::Listing listing = {};
 };
 
 std::string resolved(const std::string &path)
@@ -46,12 +48,40 @@ std::optional<DescriptorCache::Stamp> readStamp(const std::string &path)
                                   static_cast<std::uint64_t>(status.st_size)};
 }
 
-// The system's files by resolved path, each with the faces of it that fontconfig's rules let through.
-std::map<std::string, std::set<std::uint32_t>> readSystemFiles()
+struct SystemFiles {
+    std::map<std::string, std::set<std::uint32_t>>
+        offered;                   // by resolved path, the faces that fontconfig's rules let through
+    std::set<std::string> refused; // resolved
+};
+
+bool hasFontExtension(const std::filesystem::path &path)
 {
-    std::map<std::string, std::set<std::uint32_t>> files;
+    static const std::set<std::string> kExtensions{".otf", ".ttf", ".ttc", ".otc", ".dfont", ".woff", ".woff2"};
+    return kExtensions.contains(lowercased(path.extension().string()));
+}
+
+// Font files of a folder that are not among `offered`. Subfolders are folders of fontconfig's own.
+std::vector<std::string> refusedFiles(const char *folder,
+                                      const std::map<std::string, std::string, std::less<>> &offered)
+{
+    std::vector<std::string> refused;
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        const std::string &path = entry->path().native();
+        if (hasFontExtension(path) && entry->path().filename().native().front() != '.' && !offered.contains(path))
+            refused.push_back(path);
+    }
+    return refused;
+}
+
+SystemFiles readSystemFiles()
+{
+    SystemFiles files;
     const Handle<FcConfig, FcConfigDestroy> config(FcInitLoadConfigAndFonts());
-    const FcFontSet *fonts = config == nullptr ? nullptr : FcConfigGetFonts(config.get(), FcSetSystem);
+    if (config == nullptr)
+        return files;
+    const FcFontSet *fonts = FcConfigGetFonts(config.get(), FcSetSystem);
     std::map<std::string, std::string, std::less<>> resolvedPaths;
     for (int i = 0; fonts != nullptr && i < fonts->nfont; ++i) {
         FcChar8 *file = nullptr;
@@ -63,7 +93,15 @@ std::map<std::string, std::set<std::uint32_t>> readSystemFiles()
         auto known = resolvedPaths.find(path);
         if (known == resolvedPaths.end())
             known = resolvedPaths.emplace(path, resolved(std::string(path))).first;
-        files[known->second].insert(static_cast<std::uint32_t>(index) & 0xFFFF); // the upper half names an instance
+        files.offered[known->second].insert(static_cast<std::uint32_t>(index) & 0xFFFF); // the upper half: an instance
+    }
+
+    const Handle<FcStrList, FcStrListDone> folders(FcConfigGetFontDirs(config.get()));
+    for (const FcChar8 *folder = nullptr; folders != nullptr && (folder = FcStrListNext(folders.get())) != nullptr;) {
+        for (const std::string &path : refusedFiles(reinterpret_cast<const char *>(folder), resolvedPaths)) {
+            if (std::string file = resolved(path); !files.offered.contains(file))
+                files.refused.insert(std::move(file));
+        }
     }
     return files;
 }
@@ -77,16 +115,12 @@ bool isWorthCaching(const FontCatalog::Listing &listing)
     });
 }
 
-void readListing(WantedFile &file)
-{
-    file.listing = fontsOfFile(file.path);
-    file.isFresh = true;
-}
-
 void append(FontCatalog::Listing &all, WantedFile &&file)
 {
+    if (!file.isOffered && !file.listing.fonts.empty())
+        all.skipped.push_back({file.path, FontError::RefusedBySystem});
     for (FontDescriptor &font : file.listing.fonts) {
-        if (file.faces.empty() || file.faces.contains(font.faceIndex))
+        if (file.isOffered && (file.faces.empty() || file.faces.contains(font.faceIndex)))
             all.fonts.push_back(std::move(font));
     }
     std::move(file.listing.skipped.begin(), file.listing.skipped.end(), std::back_inserter(all.skipped));
@@ -149,11 +183,16 @@ std::vector<WantedFile> FontconfigCatalog::Implementation::wantedFiles() const
     for (const std::string &path : processFonts->paths()) {
         std::string file = resolved(path);
         if (known.insert(file).second)
-            files.push_back({std::move(file), {}, {}, {}, false});
+            files.push_back({.path = std::move(file)});
     }
-    for (auto &[path, faces] : readSystemFiles()) {
+    SystemFiles system = readSystemFiles();
+    for (auto &[path, faces] : system.offered) {
         if (!known.contains(path))
-            files.push_back({path, std::move(faces), {}, {}, false});
+            files.push_back({.path = path, .faces = std::move(faces)});
+    }
+    for (const std::string &path : system.refused) {
+        if (!known.contains(path))
+            files.push_back({.path = path, .isOffered = false});
     }
     return files;
 }
@@ -171,7 +210,8 @@ void FontconfigCatalog::Implementation::fill(std::vector<WantedFile> &files)
         else
             unknown.push_back(&file);
     }
-    tbb::parallel_for(std::size_t{0}, unknown.size(), [&](std::size_t i) { readListing(*unknown[i]); });
+    tbb::parallel_for(std::size_t{0}, unknown.size(),
+                      [&](std::size_t i) { unknown[i]->listing = fontsOfFile(unknown[i]->path); });
     for (const WantedFile *file : unknown) {
         if (file->stamp && isWorthCaching(file->listing))
             cache->insert(file->path, *file->stamp, file->listing);

@@ -3,9 +3,8 @@
 #include "Platform/Linux/ProcessFonts.h"
 #include "Support/Handle.h"
 
-#include <fontconfig/fontconfig.h>
-
 #include <QDirIterator>
+#include <fontconfig/fontconfig.h>
 
 #include <utility>
 
