@@ -86,6 +86,7 @@ void readStore(benchmark::State &state)
     }
 }
 
+// Steps through the rows and takes nothing from them.
 void readBare(benchmark::State &state)
 {
     const auto path = filledDatabase();
@@ -93,10 +94,10 @@ void readBare(benchmark::State &state)
         sqlite3 *connection = openBare(path);
         sqlite3_stmt *select = nullptr;
         sqlite3_prepare_v2(connection, "SELECT * FROM fonts;", -1, &select, nullptr);
-        while (sqlite3_step(select) == SQLITE_ROW) {
-            for (int column = 0; column < sqlite3_column_count(select); ++column)
-                benchmark::DoNotOptimize(sqlite3_column_bytes(select, column));
-        }
+        int rows = 0;
+        while (sqlite3_step(select) == SQLITE_ROW)
+            ++rows;
+        benchmark::DoNotOptimize(rows);
         sqlite3_finalize(select);
         sqlite3_close(connection);
     }

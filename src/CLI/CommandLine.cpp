@@ -17,8 +17,8 @@ using Command = std::function<int(const CommandContext &, OutputFormat)>;
 std::shared_ptr<CLI::Formatter> makeHelpFormatter()
 {
     auto formatter = std::make_shared<CLI::Formatter>();
-    formatter->label("Usage", localized("Utilisation"));
-    formatter->label("OPTIONS", localized("[OPTIONS]"));
+    formatter->label("Usage", localized("Utilisation") + "\u00A0"); // CLI11 adds the colon
+    formatter->label("OPTIONS", localized("OPTIONS"));
     formatter->label("SUBCOMMAND", localized("COMMANDE"));
     formatter->column_width(24);
     return formatter;
@@ -48,6 +48,7 @@ public:
         m_app.set_help_flag("-h,--help", localized("Affiche cette aide."))->group(optionsGroup());
         m_app.set_version_flag("--version", "kerlune " KERLUNE_VERSION, localized("Affiche la version."))
             ->group(optionsGroup());
+        m_app.require_subcommand(0, 1);
         add("index", localized("Relit toutes les polices disponibles et enregistre l’index."), runIndexCommand);
         add("faces", localized("Affiche les polices de l’index."), runFacesCommand);
     }
@@ -69,11 +70,11 @@ public:
     }
 
 private:
-    static std::string optionsGroup() { return localized("Options"); }
+    static std::string optionsGroup() { return localized("Options") + "\u00A0"; }
 
     void add(const std::string &name, const std::string &description, Command command)
     {
-        CLI::App *subcommand = m_app.add_subcommand(name, description)->group(localized("Commandes"));
+        CLI::App *subcommand = m_app.add_subcommand(name, description)->group(localized("Commandes") + "\u00A0");
         subcommand
             ->add_flag_callback(
                 "--json", [this] { m_format = OutputFormat::Json; }, localized("Écrit le résultat en JSON."))

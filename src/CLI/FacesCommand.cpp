@@ -42,6 +42,13 @@ int runFacesCommand(const CommandContext &context, OutputFormat format)
     if (store == nullptr)
         return kFailed;
     const auto records = store->loadAll();
+    if (records.empty() && store->indexedCount() > 0) {
+        std::cerr << "kerlune: "
+                  << localized("L’index ne peut pas être lu : il est endommagé, ou d’une autre version de Kerlune. "
+                               "« kerlune index » le refait.")
+                  << '\n';
+        return kFailed;
+    }
     if (format == OutputFormat::Json)
         printJson(records);
     else

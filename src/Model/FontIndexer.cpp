@@ -23,27 +23,22 @@ namespace kerlune {
 namespace {
 
 using Extraction = tl::expected<FontRecord, FontError>;
+using Slot = tl::expected<FontRecordPointer, FontError>;
 
 constexpr std::int64_t kProgressStep = 128;
 constexpr std::chrono::seconds kMostTimeForAFace{2};
 
 tl::expected<FontRecord, FontError> extractFace(const std::shared_ptr<const FontFace> &face)
 {
-    const auto postScriptName = face->postScriptName();
-    if (!postScriptName)
-        return tl::unexpected(FontError::NoPostScriptName);
-    if (postScriptName->front() == '.')
-        return tl::unexpected(FontError::HiddenName);
-    if (face->unitsPerEm() == 0)
-        return tl::unexpected(FontError::NoUnitsPerEm);
-
+    if (const auto usable = face->checkUsable(); !usable)
+        return tl::unexpected(usable.error());
     const SFNTReader::OS2Info os2 = SFNTReader::readOS2(*face);
     const FontTraits traits = readTraits(*face, os2);
     const FontMetrics metrics = readMetrics(face);
 
     FontRecord record;
-    record.postScriptName = *postScriptName;
-    record.family = face->familyName().value_or(*postScriptName);
+    record.postScriptName = *face->postScriptName();
+    record.family = face->familyName().value_or(record.postScriptName);
     record.style = face->styleName().value_or("");
     record.filePath = face->file()->path();
     record.mtime = face->file()->modificationTime();
@@ -89,11 +84,11 @@ private:
     std::shared_ptr<const FontFile> m_file;
 };
 
-Extraction extractWithin(std::chrono::nanoseconds mostTime, FaceOpener &opener, const FontDescriptor &descriptor)
+Extraction extractWith(FaceOpener &opener, const FontDescriptor &descriptor)
 {
     const CpuStopwatch stopwatch;
     Extraction record = opener.open(descriptor).and_then(extractFace);
-    if (stopwatch.elapsed() > mostTime)
+    if (stopwatch.elapsed() > kMostTimeForAFace)
         return tl::unexpected(FontError::TooCostly);
     return record;
 }
@@ -110,24 +105,20 @@ FontIndexer::Index FontIndexer::buildIndex(const ProgressHandler &onProgress) co
     const std::vector<FontDescriptor> &fonts = available.fonts;
     const auto total = static_cast<std::int64_t>(fonts.size());
 
-    std::vector<FontRecordPointer> slots(fonts.size());
-    std::vector<std::optional<FontError>> problems(fonts.size());
+    std::vector<Slot> slots(fonts.size());
     std::int64_t completed = 0;
-    std::mutex mutex; // guards the three above
+    std::mutex mutex; // guards the two above
 
     tbb::parallel_for(tbb::blocked_range(std::size_t{0}, fonts.size()), [&](const auto &range) {
         FaceOpener opener;
         for (std::size_t i = range.begin(); i != range.end(); ++i) {
-            Extraction extraction = extractWithin(kMostTimeForAFace, opener, fonts[i]);
-            FontRecordPointer record;
-            if (extraction)
-                record = std::make_shared<const FontRecord>(*std::move(extraction));
+            Extraction extraction = extractWith(opener, fonts[i]);
+            Slot slot = extraction.map(
+                [](FontRecord &record) { return std::make_shared<const FontRecord>(std::move(record)); });
             std::int64_t done = 0;
             {
                 const std::lock_guard lock(mutex);
-                if (record == nullptr)
-                    problems[i] = extraction.error();
-                slots[i] = std::move(record);
+                slots[i] = std::move(slot);
                 done = ++completed;
             }
             if (onProgress && (done % kProgressStep == 0 || done == total))
@@ -137,10 +128,10 @@ FontIndexer::Index FontIndexer::buildIndex(const ProgressHandler &onProgress) co
 
     Index index{{}, std::move(available.skipped)};
     for (std::size_t i = 0; i < fonts.size(); ++i) {
-        if (problems[i])
-            index.skipped.push_back({fonts[i].path, *problems[i]});
+        if (slots[i])
+            index.records.push_back(*std::move(slots[i]));
         else
-            index.records.push_back(std::move(slots[i]));
+            index.skipped.push_back({fonts[i].path, slots[i].error()});
     }
     return index;
 }
@@ -152,7 +143,8 @@ FontCatalog::Listing FontIndexer::availableDescriptors(Duplicates duplicates) co
 
 tl::expected<FontRecord, FontError> FontIndexer::extract(const FontDescriptor &descriptor)
 {
-    return FontFace::open(descriptor).and_then(extractFace);
+    FaceOpener opener;
+    return extractWith(opener, descriptor);
 }
 
 std::vector<FontFamily> FontIndexer::groupIntoFamilies(std::span<const FontRecordPointer> records)

@@ -22,7 +22,8 @@ public:
         std::int64_t done = 0;  // faces processed
         std::int64_t total = 0; // faces to process
     };
-    // Called on the worker threads, slightly out of order; the report with done = total always comes.
+    // Called on the worker threads, slightly out of order; the report with done = total always comes, unless there is
+    // no face at all.
     using ProgressHandler = std::function<void(const Progress &)>;
 
     struct Index {
@@ -35,6 +36,7 @@ public:
     Index buildIndex(const ProgressHandler &onProgress = {}) const;
     FontCatalog::Listing availableDescriptors(Duplicates duplicates) const;
 
+    // One face. Reading it may take two seconds of processor time.
     static tl::expected<FontRecord, FontError> extract(const FontDescriptor &descriptor);
 
     // Families by name as a file browser sorts them; within a family, faces in the order of the records.

@@ -4,7 +4,7 @@
 
 namespace kerlune {
 
-// Where the program keeps its files, by the XDG Base Directory Specification. None of them is created here.
+// Where the program keeps its files: the XDG base directories of freedesktop.org. None of them is created here.
 struct Directories {
     std::filesystem::path userLibrary;        // $XDG_DATA_HOME
     std::filesystem::path applicationSupport; // the index and the user's own data

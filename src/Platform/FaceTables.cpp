@@ -65,7 +65,7 @@ tl::expected<void, FontError> FaceTables::readDirectory(std::uint32_t faceIndex)
     m_entries.reserve(count);
     for (std::size_t at = 0; at < records.size(); at += 16) {
         const Entry entry{*readU32(records, at), *readU32(records, at + 8), *readU32(records, at + 12)};
-        if (entry.length <= kMostBytes && std::uint64_t{entry.offset} + entry.length <= m_file->size())
+        if (std::uint64_t{entry.offset} + entry.length <= m_file->size())
             m_entries.push_back(entry);
     }
     return {};
@@ -79,10 +79,11 @@ const FaceTables::Entry *FaceTables::entry(Tag tag) const
 
 std::size_t FaceTables::length(Tag tag) const
 {
-    if (m_unwrapped != nullptr)
-        return m_unwrapped->tableLength(tag);
     const Entry *found = entry(tag);
-    return found == nullptr ? 0 : found->length;
+    const std::size_t length = m_unwrapped != nullptr ? m_unwrapped->tableLength(tag)
+                               : found != nullptr     ? found->length
+                                                      : 0;
+    return length <= kMostBytes ? length : 0;
 }
 
 std::vector<std::uint8_t> FaceTables::read(Tag tag, std::size_t limit) const

@@ -7,30 +7,19 @@ namespace kerlune {
 
 namespace {
 
-tl::expected<std::string, FontError> usableName(const FontFace &face)
-{
-    auto name = face.postScriptName();
-    if (!name)
-        return tl::unexpected(FontError::NoPostScriptName);
-    if (name->front() == '.')
-        return tl::unexpected(FontError::HiddenName);
-    if (face.unitsPerEm() == 0)
-        return tl::unexpected(FontError::NoUnitsPerEm);
-    return *std::move(name);
-}
-
 tl::expected<void, FontError> appendFace(std::vector<FontDescriptor> &fonts,
                                          const std::shared_ptr<const FontFile> &file, std::uint32_t faceIndex)
 {
     const auto face = FontFace::open(file, faceIndex);
     if (!face)
         return tl::unexpected(face.error());
-    auto name = usableName(**face);
-    if (!name)
-        return tl::unexpected(name.error());
-    fonts.push_back({file->path(), faceIndex, 0, *std::move(name)});
-    for (NamedInstance &instance : (*face)->otherInstances())
-        fonts.push_back({file->path(), faceIndex, instance.index, std::move(instance.postScriptName)});
+    if (const auto usable = (*face)->checkUsable(); !usable)
+        return usable;
+    fonts.push_back({file->path(), faceIndex, 0, *(*face)->postScriptName()});
+    for (NamedInstance &instance : (*face)->otherInstances()) {
+        if (instance.postScriptName.front() != '.')
+            fonts.push_back({file->path(), faceIndex, instance.index, std::move(instance.postScriptName)});
+    }
     return {};
 }
 

@@ -111,6 +111,18 @@ std::optional<std::string> FontFace::styleName() const
     return style ? style : m_names.find(NameId::Subfamily);
 }
 
+tl::expected<void, FontError> FontFace::checkUsable() const
+{
+    const auto name = postScriptName();
+    if (!name)
+        return tl::unexpected(FontError::NoPostScriptName);
+    if (name->front() == '.')
+        return tl::unexpected(FontError::HiddenName);
+    if (m_unitsPerEm == 0)
+        return tl::unexpected(FontError::NoUnitsPerEm);
+    return {};
+}
+
 std::uint32_t FontFace::glyphCount() const
 {
     return readU16(m_tables.read(tag("maxp"), 6), 4).value_or(0);

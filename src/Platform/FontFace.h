@@ -12,7 +12,7 @@
 #include <vector>
 
 struct hb_face_t;
-extern "C" void hb_face_destroy(hb_face_t *face);
+extern "C" void hb_face_destroy(hb_face_t *);
 
 namespace kerlune {
 
@@ -33,7 +33,7 @@ struct NamedInstance {
 
 // One face of a font file, at one point of its design space: its names, tables, characters and metrics.
 //
-// Thread: one at a time. Nothing is cached: each query reads what it needs.
+// Thread: one at a time. The names and a few numbers are kept, everything else is read when it is asked for.
 class FontFace final {
 public:
     static constexpr std::uint32_t kMostInstances = 1024; // named instances beyond these are not offered
@@ -53,6 +53,9 @@ public:
     std::optional<std::string> familyName() const; // typographic family, else family
     std::optional<std::string> styleName() const;  // typographic subfamily, else subfamily
     std::optional<std::string> name(NameId id) const { return m_names.find(id); }
+
+    // Whether the face can be in the index at all: it has a PostScript name that is not hidden, and an em.
+    tl::expected<void, FontError> checkUsable() const;
 
     std::uint32_t unitsPerEm() const { return m_unitsPerEm; } // OpenType head.unitsPerEm; 0 when the face is broken
     std::uint16_t macStyle() const { return m_macStyle; }     // OpenType head.macStyle

@@ -18,7 +18,7 @@ namespace kerlune {
 
 namespace {
 
-constexpr std::size_t kHeadSize = 1024;
+constexpr std::size_t kHeadSize = 4096;
 constexpr std::uint32_t kMostFaces = 65'535;
 constexpr std::uint32_t kMostUncompressed = 30U << 20; // bytes
 

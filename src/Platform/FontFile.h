@@ -25,8 +25,8 @@ enum class FontError {
     NoPostScriptName,
     HiddenName,      // the PostScript name begins with "."
     NoUnitsPerEm,    // OpenType head.unitsPerEm is 0
-    RefusedBySystem, // readable, but the system does not offer it
     TooCostly,       // reading it took longer than a face may
+    RefusedBySystem, // readable, but the system does not offer it
 };
 
 // What the error means, for the user.

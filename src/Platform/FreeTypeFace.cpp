@@ -9,17 +9,55 @@
 #include FT_TRUETYPE_TABLES_H
 
 #include <algorithm>
+#include <utility>
 
 namespace kerlune {
 
 namespace {
 
+// A file read in blocks: FreeType asks for a few bytes at a time.
+class BlockReader final {
+public:
+    explicit BlockReader(std::shared_ptr<const FontFile> file)
+        : m_file(std::move(file))
+    {}
+
+    const FontFile &file() const { return *m_file; }
+
+    bool read(std::uint64_t offset, std::span<std::uint8_t> buffer)
+    {
+        if (buffer.size() >= kBlockSize)
+            return m_file->read(offset, buffer);
+        const bool isLoaded = offset >= m_start && offset + buffer.size() <= m_start + m_block.size();
+        if (!isLoaded && !load(offset, buffer.size()))
+            return false;
+        std::copy_n(m_block.begin() + static_cast<std::ptrdiff_t>(offset - m_start), buffer.size(), buffer.begin());
+        return true;
+    }
+
+private:
+    static constexpr std::size_t kBlockSize = 2048;
+
+    bool load(std::uint64_t offset, std::size_t least)
+    {
+        m_start = offset;
+        m_block.resize(offset < m_file->size() ? std::min<std::uint64_t>(kBlockSize, m_file->size() - offset) : 0);
+        if (m_block.size() >= least && m_file->read(offset, m_block))
+            return true;
+        m_block.clear();
+        return false;
+    }
+
+    std::shared_ptr<const FontFile> m_file;
+    std::uint64_t m_start = 0;
+    std::vector<std::uint8_t> m_block;
+};
+
 unsigned long readStream(FT_Stream stream, unsigned long offset, unsigned char *buffer, unsigned long count)
 {
-    const auto *file = static_cast<const FontFile *>(stream->descriptor.pointer);
     if (count == 0) // FreeType asks whether it may seek there; 0 is yes
         return offset <= stream->size ? 0 : 1;
-    return file->read(offset, std::span(buffer, count)) ? count : 0;
+    return static_cast<BlockReader *>(stream->descriptor.pointer)->read(offset, std::span(buffer, count)) ? count : 0;
 }
 
 FontError errorForFreeType(FT_Error error)
@@ -39,7 +77,11 @@ FontError errorForFreeType(FT_Error error)
 } // namespace
 
 struct FreeTypeFace::Implementation {
-    std::shared_ptr<const FontFile> file;
+    explicit Implementation(std::shared_ptr<const FontFile> file)
+        : reader(std::move(file))
+    {}
+
+    BlockReader reader;
     FT_StreamRec stream{};
     FreeTypeMemory memory;
     Handle<FT_LibraryRec_, FT_Done_Library> library;
@@ -57,16 +99,15 @@ tl::expected<std::unique_ptr<FreeTypeFace>, FontError> FreeTypeFace::open(std::s
 {
     if (faceIndex > 0xFFFF) // the upper bits would name an instance
         return tl::unexpected(FontError::NoSuchFace);
-    auto parts = std::make_unique<Implementation>();
+    auto parts = std::make_unique<Implementation>(std::move(file));
     FT_Library library = nullptr;
     if (FT_New_Library(parts->memory.record(), &library) != 0)
         return tl::unexpected(FontError::Unreadable);
     parts->library.reset(library);
     FT_Add_Default_Modules(library);
-    parts->stream.descriptor.pointer = const_cast<FontFile *>(file.get()); // NOLINT: only read through
-    parts->stream.size = static_cast<unsigned long>(file->size());
+    parts->stream.descriptor.pointer = &parts->reader;
+    parts->stream.size = static_cast<unsigned long>(parts->reader.file().size());
     parts->stream.read = readStream;
-    parts->file = std::move(file);
 
     FT_Open_Args arguments{};
     arguments.flags = FT_OPEN_STREAM;

@@ -3,6 +3,7 @@
 #include "Platform/FaceTables.h"
 #include "Support/BigEndian.h"
 
+#include <algorithm>
 #include <unordered_map>
 #include <vector>
 
@@ -28,25 +29,38 @@ public:
         , m_hasLongOffsets(readI16(tables.readRange(tag("head"), 50, 2), 0).value_or(0) != 0) // head.indexToLocFormat
     {}
 
-    // Nodes of the tree below a glyph, itself included; more than kMostNodes once a limit is passed.
-    std::uint64_t countNodes(std::uint32_t glyph, unsigned level)
+    bool isWithinLimits(std::uint32_t glyph)
     {
-        if (level > kMostLevels)
-            return kMostNodes + 1;
-        if (const auto known = m_counts.find(glyph); known != m_counts.end())
-            return known->second;
-        m_counts[glyph] = kMostNodes + 1; // what a glyph sees that contains itself
-        std::uint64_t count = 1;
-        for (const std::uint32_t component : components(glyph)) {
-            count += countNodes(component, level + 1);
-            if (count > kMostNodes)
-                break;
-        }
-        m_counts[glyph] = count;
-        return count;
+        const Size size = measure(glyph, 1);
+        return size.nodes <= kMostNodes && size.levels <= kMostLevels;
     }
 
 private:
+    struct Size {
+        std::uint64_t nodes;
+        unsigned levels;
+    };
+    static constexpr Size kTooLarge{kMostNodes + 1, kMostLevels + 1};
+
+    // The tree below a glyph, itself included.
+    Size measure(std::uint32_t glyph, unsigned level)
+    {
+        if (level > kMostLevels)
+            return kTooLarge;
+        if (const auto known = m_sizes.find(glyph); known != m_sizes.end())
+            return known->second;
+        m_sizes[glyph] = kTooLarge; // what a glyph sees that contains itself
+        Size size{1, 1};
+        for (const std::uint32_t component : components(glyph)) {
+            const Size below = measure(component, level + 1);
+            size = {size.nodes + below.nodes, std::max(size.levels, below.levels + 1)};
+            if (size.nodes > kMostNodes)
+                break;
+        }
+        m_sizes[glyph] = size;
+        return size;
+    }
+
     std::vector<std::uint32_t> components(std::uint32_t glyph) const
     {
         std::vector<std::uint32_t> found;
@@ -94,14 +108,14 @@ private:
 
     const FaceTables &m_tables;
     bool m_hasLongOffsets;
-    std::unordered_map<std::uint32_t, std::uint64_t> m_counts;
+    std::unordered_map<std::uint32_t, Size> m_sizes;
 };
 
 } // namespace
 
 bool isComposable(const FaceTables &tables, std::uint32_t glyph)
 {
-    return !tables.has(tag("glyf")) || ComponentTree(tables).countNodes(glyph, 1) <= kMostNodes;
+    return !tables.has(tag("glyf")) || ComponentTree(tables).isWithinLimits(glyph);
 }
 
 } // namespace kerlune

@@ -123,7 +123,8 @@ tl::expected<void, FontIndexStore::StoreError> FontIndexStore::migrate()
     const auto version = metaOnQueue("schema_version");
     if (version && parseInteger(*version) == kSchemaVersion)
         return {};
-    execute("DELETE FROM fonts;");
+    if (!execute("DELETE FROM fonts;"))
+        return tl::unexpected(error(StoreError::Kind::open));
     setMetaOnQueue("schema_version", std::to_string(kSchemaVersion));
     return {};
 }
@@ -170,6 +171,8 @@ std::vector<FontRecordPointer> FontIndexStore::loadAll()
         Statement select(m_db.get(), "SELECT * FROM fonts;");
         while (select.nextRow())
             records.push_back(std::make_shared<const FontRecord>(readRecord(select)));
+        if (!select.isComplete())
+            records.clear(); // half an index would pass for a whole one
         return records;
     });
 }

@@ -18,7 +18,7 @@
 #include <vector>
 
 struct sqlite3;
-extern "C" int sqlite3_close_v2(sqlite3 *connection);
+extern "C" int sqlite3_close_v2(sqlite3 *);
 
 namespace kerlune {
 

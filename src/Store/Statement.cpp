@@ -38,7 +38,15 @@ void Statement::bind(int parameter, std::span<const std::uint8_t> blob)
 
 bool Statement::nextRow()
 {
-    return m_statement != nullptr && sqlite3_step(m_statement.get()) == SQLITE_ROW;
+    if (m_statement == nullptr)
+        return false;
+    m_result = sqlite3_step(m_statement.get());
+    return m_result == SQLITE_ROW;
+}
+
+bool Statement::isComplete() const
+{
+    return m_result == SQLITE_DONE;
 }
 
 bool Statement::finishes()

@@ -11,7 +11,7 @@
 
 struct sqlite3;
 struct sqlite3_stmt;
-extern "C" int sqlite3_finalize(sqlite3_stmt *statement);
+extern "C" int sqlite3_finalize(sqlite3_stmt *);
 
 namespace kerlune {
 
@@ -29,8 +29,9 @@ public:
     void bind(int parameter, std::int64_t value);
     void bind(int parameter, std::span<const std::uint8_t> blob);
 
-    bool nextRow();  // true while there is a row
-    bool finishes(); // runs a statement that has no rows; false when it failed
+    bool nextRow();          // true while there is a row
+    bool isComplete() const; // once there is none: whether all rows came, and no error ended them
+    bool finishes();         // runs a statement that has no rows; false when it failed
     void reset();
 
     bool isNull(int column) const;
@@ -41,6 +42,7 @@ public:
 
 private:
     Handle<sqlite3_stmt, sqlite3_finalize> m_statement;
+    int m_result = 0; // of the last step
 };
 
 } // namespace kerlune

@@ -139,6 +139,24 @@ TEST_F(CommandLineTest, SaysWhyTheIndexCannotBeOpened)
     EXPECT_THAT(nowhere.messages, HasSubstr("que vous pouvez y écrire"));
 }
 
+TEST_F(CommandLineTest, DoesNotShowHalfOfADamagedIndex)
+{
+    for (int i = 0; i < 60; ++i)
+        fs::copy_file(testFont("family-class-0" + std::to_string(i % 9 + 1) + ".ttf"),
+                      fonts() / ("copy-" + std::to_string(i) + ".ttf"));
+    offer("plain.ttf");
+    ASSERT_EQ(run("index").status, 0);
+    std::string bytes = readFile(database());
+    const std::size_t row = bytes.find("Fonderie Essai");
+    ASSERT_NE(row, std::string::npos);
+    bytes.replace(row / 4096 * 4096, 64, std::string(64, '\xFF')); // the head of the page that holds the record
+    writeFile(database(), bytes);
+    const Result result = run("faces --json");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.output, "");
+    EXPECT_THAT(result.messages, HasSubstr("L’index ne peut pas être lu"));
+}
+
 TEST_F(CommandLineTest, FailsWhenItsOutputIsLost)
 {
     offer("plain.ttf");
@@ -153,7 +171,8 @@ TEST_F(CommandLineTest, RefusesWrongUsage)
     const std::pair<const char *, const char *> cases[]{{"", "Il manque une commande"},
                                                         {"indexe", "« indexe »"},
                                                         {"index --jsn", "« --jsn »"},
-                                                        {"faces extra", "« extra »"}};
+                                                        {"faces extra", "« extra »"},
+                                                        {"index faces", "« faces »"}};
     for (const auto &[arguments, message] : cases) {
         const Result result = run(arguments);
         EXPECT_EQ(result.status, 2) << arguments;

@@ -192,7 +192,7 @@ TEST_F(FontCatalogTest, TellsWhenAFontFolderChanges)
     EXPECT_TRUE(waitForChange([&] { fs::remove(fonts() / "new.ttf"); }));
 }
 
-TEST(Directories, FollowTheBaseDirectorySpecification)
+TEST(Directories, FollowTheXdgBaseDirectories)
 {
     setenv("HOME", "/home/someone", 1);
     setenv("XDG_DATA_HOME", "/data", 1);

@@ -17,6 +17,7 @@
 #include <set>
 #include <string_view>
 #include <system_error>
+#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 
@@ -33,11 +34,31 @@ struct WantedFile {
     FontCatalog::Listing listing = {};
 };
 
-std::string resolved(const std::string &path)
-{
-    const Handle<char, std::free> real(realpath(path.c_str(), nullptr));
-    return real == nullptr ? path : std::string(real.get());
-}
+// Resolves symbolic links; each folder once, as most files of a folder are none.
+class LinkResolver final {
+public:
+    std::string resolve(const std::string &path)
+    {
+        struct stat status = {};
+        if (!path.starts_with('/') || lstat(path.c_str(), &status) != 0 || S_ISLNK(status.st_mode))
+            return realPath(path);
+        const std::size_t slash = path.rfind('/');
+        std::string folder = path.substr(0, slash);
+        auto known = m_folders.find(folder);
+        if (known == m_folders.end())
+            known = m_folders.emplace(folder, realPath(folder)).first;
+        return known->second + path.substr(slash);
+    }
+
+private:
+    static std::string realPath(const std::string &path)
+    {
+        const Handle<char, std::free> real(realpath(path.c_str(), nullptr));
+        return real == nullptr ? path : std::string(real.get());
+    }
+
+    std::unordered_map<std::string, std::string> m_folders;
+};
 
 std::optional<DescriptorCache::Stamp> readStamp(const std::string &path)
 {
@@ -82,6 +103,7 @@ SystemFiles readSystemFiles()
     if (config == nullptr)
         return files;
     const FcFontSet *fonts = FcConfigGetFonts(config.get(), FcSetSystem);
+    LinkResolver links;
     std::map<std::string, std::string, std::less<>> resolvedPaths;
     for (int i = 0; fonts != nullptr && i < fonts->nfont; ++i) {
         FcChar8 *file = nullptr;
@@ -92,14 +114,14 @@ SystemFiles readSystemFiles()
         const std::string_view path(reinterpret_cast<const char *>(file));
         auto known = resolvedPaths.find(path);
         if (known == resolvedPaths.end())
-            known = resolvedPaths.emplace(path, resolved(std::string(path))).first;
+            known = resolvedPaths.emplace(path, links.resolve(std::string(path))).first;
         files.offered[known->second].insert(static_cast<std::uint32_t>(index) & 0xFFFF); // the upper half: an instance
     }
 
     const Handle<FcStrList, FcStrListDone> folders(FcConfigGetFontDirs(config.get()));
     for (const FcChar8 *folder = nullptr; folders != nullptr && (folder = FcStrListNext(folders.get())) != nullptr;) {
         for (const std::string &path : refusedFiles(reinterpret_cast<const char *>(folder), resolvedPaths)) {
-            if (std::string file = resolved(path); !files.offered.contains(file))
+            if (std::string file = links.resolve(path); !files.offered.contains(file))
                 files.refused.insert(std::move(file));
         }
     }
@@ -180,8 +202,9 @@ std::vector<WantedFile> FontconfigCatalog::Implementation::wantedFiles() const
 {
     std::vector<WantedFile> files;
     std::unordered_set<std::string> known;
+    LinkResolver links;
     for (const std::string &path : processFonts->paths()) {
-        std::string file = resolved(path);
+        std::string file = links.resolve(path);
         if (known.insert(file).second)
             files.push_back({.path = std::move(file)});
     }
