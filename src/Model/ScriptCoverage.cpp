@@ -72,6 +72,7 @@ constexpr std::size_t kMaskBits = 64;
 std::vector<Language> makeLanguages()
 {
     std::vector<Language> languages;
+    languages.reserve(kRows.size());
     for (const Row &row : kRows)
         languages.push_back({row.id, row.label, row.required, row.group});
     return languages;

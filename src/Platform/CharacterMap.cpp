@@ -112,14 +112,16 @@ std::uint32_t CharacterMap::lookUp(std::uint32_t code) const
     case 6: { // Trimmed table mapping: firstCode at 6, entryCount at 8, glyphIdArray at 10
         const std::uint32_t first = readU16(m_subtable, 6).value_or(0);
         const std::uint32_t count = readU16(m_subtable, 8).value_or(0);
-        return code >= first && code - first < count ? readU16(m_subtable, 10 + 2 * (code - first)).value_or(0) : 0;
+        return code >= first && code - first < count
+                   ? readU16(m_subtable, 10 + 2 * std::size_t{code - first}).value_or(0)
+                   : 0;
     }
     case 10: { // Trimmed array: startCharCode at 12, numChars at 16, glyphs at 20
         const std::uint32_t first = readU32(m_subtable, 12).value_or(0);
         const std::uint32_t count = readU32(m_subtable, 16).value_or(0);
         if (code < first || code - first >= count)
             return 0;
-        return readU16(m_subtable, 20 + 2 * (std::size_t{code} - first)).value_or(0);
+        return readU16(m_subtable, 20 + 2 * std::size_t{code - first}).value_or(0);
     }
     default:
         return lookUpGroups(code);
@@ -166,7 +168,8 @@ std::uint32_t CharacterMap::glyphInSegment(std::size_t segment, std::uint32_t co
         return 0;
     if (*rangeOffset == 0)
         return (code + *delta) & 0xFFFF;
-    const std::uint32_t entry = readU16(m_subtable, idRangeOffset + *rangeOffset + 2 * (code - *start)).value_or(0);
+    const std::uint32_t entry =
+        readU16(m_subtable, idRangeOffset + *rangeOffset + 2 * std::size_t{code - *start}).value_or(0);
     return entry == 0 ? 0 : (entry + *delta) & 0xFFFF;
 }
 

@@ -3,7 +3,9 @@
 #include <ft2build.h>
 #include FT_SYSTEM_H
 
+#include <algorithm>
 #include <cstdlib>
+#include <cstring>
 
 namespace kerlune {
 
@@ -33,49 +35,33 @@ void *FreeTypeMemory::allocate(FT_Memory memory, long size)
     const auto bytes = static_cast<std::size_t>(size);
     if (size <= 0 || bytes > kMostBytes - self.m_used)
         return nullptr;
-    return self.adopt(static_cast<Header *>(std::malloc(sizeof(Header) + bytes)), bytes);
+    auto *header = static_cast<Header *>(std::malloc(sizeof(Header) + bytes));
+    if (header == nullptr)
+        return nullptr;
+    *header = {&self.m_blocks, self.m_blocks.next, bytes};
+    header->next->previous = header;
+    self.m_blocks.next = header;
+    self.m_used += bytes;
+    return header + 1;
 }
 
-void *FreeTypeMemory::reallocate(FT_Memory memory, long, long newSize, void *block)
+void *FreeTypeMemory::reallocate(FT_Memory memory, long currentSize, long newSize, void *block)
 {
-    FreeTypeMemory &self = owner(memory);
-    Header *header = static_cast<Header *>(block) - 1;
-    const auto bytes = static_cast<std::size_t>(newSize);
-    if (newSize <= 0 || bytes > kMostBytes - (self.m_used - header->size))
+    void *moved = allocate(memory, newSize);
+    if (moved == nullptr)
         return nullptr;
-    const std::size_t before = header->size;
-    self.forget(header);
-    auto *moved = static_cast<Header *>(std::realloc(header, sizeof(Header) + bytes));
-    if (moved == nullptr) { // the old block is still there
-        self.adopt(header, before);
-        return nullptr;
-    }
-    return self.adopt(moved, bytes);
+    std::memcpy(moved, block, static_cast<std::size_t>(std::min(currentSize, newSize)));
+    release(memory, block);
+    return moved;
 }
 
 void FreeTypeMemory::release(FT_Memory memory, void *block)
 {
     Header *header = static_cast<Header *>(block) - 1;
-    owner(memory).forget(header);
-    std::free(header);
-}
-
-void *FreeTypeMemory::adopt(Header *header, std::size_t size)
-{
-    if (header == nullptr)
-        return nullptr;
-    *header = {&m_blocks, m_blocks.next, size};
-    header->next->previous = header;
-    m_blocks.next = header;
-    m_used += size;
-    return header + 1;
-}
-
-void FreeTypeMemory::forget(Header *header)
-{
     header->previous->next = header->next;
     header->next->previous = header->previous;
-    m_used -= header->size;
+    owner(memory).m_used -= header->size;
+    std::free(header);
 }
 
 } // namespace kerlune

@@ -34,9 +34,6 @@ private:
     static void *reallocate(FT_MemoryRec_ *memory, long currentSize, long newSize, void *block);
     static void release(FT_MemoryRec_ *memory, void *block);
 
-    void *adopt(Header *header, std::size_t size); // null stays null
-    void forget(Header *header);
-
     std::unique_ptr<FT_MemoryRec_> m_record;
     Header m_blocks; // a ring of all blocks
     std::size_t m_used = 0;
