@@ -19,7 +19,6 @@ namespace {
 namespace fs = std::filesystem;
 using nlohmann::json;
 using testing::HasSubstr;
-using testing::IsEmpty;
 using testing::MatchesRegex;
 
 struct Result {

@@ -8,7 +8,7 @@ namespace {
 using testing::ElementsAre;
 
 struct FaceTraits {
-    const char *name;
+    const char *name = "";
     double weight = 0;
     double width = 0;
     bool isItalic = false;
