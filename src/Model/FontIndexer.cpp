@@ -7,9 +7,8 @@
 #include "Platform/FontFace.h"
 #include "Platform/FontMetrics.h"
 #include "Support/CpuStopwatch.h"
+#include "Support/ParallelFor.h"
 #include "Support/Text.h"
-
-#include <tbb/parallel_for.h>
 
 #include <algorithm>
 #include <chrono>
@@ -109,9 +108,9 @@ FontIndexer::Index FontIndexer::buildIndex(const ProgressHandler &onProgress) co
     std::int64_t completed = 0;
     std::mutex mutex; // guards the two above
 
-    tbb::parallel_for(tbb::blocked_range(std::size_t{0}, fonts.size()), [&](const auto &range) {
+    parallelForRanges(fonts.size(), [&](std::size_t first, std::size_t last) {
         FaceOpener opener;
-        for (std::size_t i = range.begin(); i != range.end(); ++i) {
+        for (std::size_t i = first; i != last; ++i) {
             Extraction extraction = extractWith(opener, fonts[i]);
             Slot slot = extraction.map(
                 [](FontRecord &record) { return std::make_shared<const FontRecord>(std::move(record)); });

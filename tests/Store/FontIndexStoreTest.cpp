@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <sqlite3.h>
 
+#include <atomic>
 #include <thread>
 
 namespace kerlune {
@@ -88,7 +89,7 @@ protected:
     std::filesystem::path path() const { return m_folder / "index.sqlite"; }
 
     TempFolder m_folder;
-    double m_now = 1'000'000;
+    std::atomic<double> m_now = 1'000'000;
 };
 
 TEST_F(FontIndexStoreTest, KeepsEveryFieldOfARecord)

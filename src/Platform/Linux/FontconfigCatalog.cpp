@@ -3,11 +3,11 @@
 #include "Platform/DescriptorCache.h"
 #include "Platform/Linux/ProcessFonts.h"
 #include "Support/Handle.h"
+#include "Support/ParallelFor.h"
 #include "Support/Text.h"
 
 #include <fontconfig/fontconfig.h>
 #include <sys/stat.h>
-#include <tbb/parallel_for.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -233,8 +233,10 @@ void FontconfigCatalog::Implementation::fill(std::vector<WantedFile> &files)
         else
             unknown.push_back(&file);
     }
-    tbb::parallel_for(std::size_t{0}, unknown.size(),
-                      [&](std::size_t i) { unknown[i]->listing = fontsOfFile(unknown[i]->path); });
+    parallelForRanges(unknown.size(), [&](std::size_t first, std::size_t last) {
+        for (std::size_t i = first; i != last; ++i)
+            unknown[i]->listing = fontsOfFile(unknown[i]->path);
+    });
     for (const WantedFile *file : unknown) {
         if (file->stamp && isWorthCaching(file->listing))
             cache->insert(file->path, *file->stamp, file->listing);
