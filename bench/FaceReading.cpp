@@ -1,6 +1,7 @@
 // Records per second against the bare reads that a record needs: the faces that fontconfig offers, warm cache, all
 // cores. Prints both rates and their ratio.
 
+#include "MedianReporter.h"
 #include "Model/FontIndexer.h"
 #include "Model/ScriptCoverage.h"
 #include "Support/BigEndian.h"
@@ -125,43 +126,21 @@ void readAll(benchmark::State &state, Read &&read)
             for (std::size_t i = first; i != last; ++i)
                 benchmark::DoNotOptimize(read(faces()[i]));
         });
-    state.counters["faces/s"] = benchmark::Counter(
-        static_cast<double>(state.iterations()) * static_cast<double>(faces().size()), benchmark::Counter::kIsRate);
 }
-
-class RatioReporter final : public benchmark::ConsoleReporter {
-public:
-    void ReportRuns(const std::vector<Run> &runs) override
-    {
-        ConsoleReporter::ReportRuns(runs);
-        for (const Run &run : runs) {
-            if (run.aggregate_name == "median")
-                (run.run_name.function_name == "bare" ? m_bare : m_records) = run.counters.at("faces/s");
-        }
-    }
-    void Finalize() override
-    {
-        std::printf("%zu faces: %.0f records/s, %.0f bare reads/s, ratio %.2f\n", faces().size(), m_records, m_bare,
-                    m_records / m_bare);
-    }
-
-private:
-    double m_bare = 0;
-    double m_records = 0;
-};
 
 } // namespace
 
 int main(int argc, char **argv)
 {
-    const auto configure = [](benchmark::internal::Benchmark *registered) {
-        registered->UseRealTime()->Unit(benchmark::kMillisecond)->Repetitions(7)->ReportAggregatesOnly();
-    };
-    configure(benchmark::RegisterBenchmark("bare", [](benchmark::State &state) { readAll(state, readBare); }));
-    configure(
-        benchmark::RegisterBenchmark("records", [](benchmark::State &state) { readAll(state, FontIndexer::extract); }));
+    registerBenchmark("bare", [](benchmark::State &state) { readAll(state, readBare); });
+    registerBenchmark("records", [](benchmark::State &state) { readAll(state, FontIndexer::extract); });
     benchmark::Initialize(&argc, argv);
-    RatioReporter reporter;
+    MedianReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
+    const auto rate = [&](const char *name) {
+        return 1000.0 * static_cast<double>(faces().size()) / reporter.median(name);
+    };
+    std::printf("%zu faces: %.0f records/s, %.0f bare reads/s, ratio %.2f\n", faces().size(), rate("records"),
+                rate("bare"), rate("records") / rate("bare"));
     return 0;
 }

@@ -1,5 +1,6 @@
 // Writing and reading 50,000 records against the bare SQLite loop over the same rows. Prints the ratios.
 
+#include "MedianReporter.h"
 #include "Model/FontIndexer.h"
 #include "Store/FontIndexStore.h"
 #include "Store/RecordRow.h"
@@ -10,7 +11,6 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -149,42 +149,20 @@ void writeBare(benchmark::State &state)
     sqlite3_close(connection);
 }
 
-class RatioReporter final : public benchmark::ConsoleReporter {
-public:
-    void ReportRuns(const std::vector<Run> &runs) override
-    {
-        ConsoleReporter::ReportRuns(runs);
-        for (const Run &run : runs) {
-            if (run.aggregate_name == "median")
-                m_medians[run.run_name.function_name] = run.GetAdjustedRealTime();
-        }
-    }
-    void Finalize() override
-    {
-        std::printf("open, read and group: %.2f × the bare loop\nwrite: %.2f × the bare loop\n",
-                    m_medians["readStore"] / m_medians["readBare"], m_medians["writeStore"] / m_medians["writeBare"]);
-    }
-
-private:
-    std::map<std::string, double> m_medians;
-};
-
 } // namespace
 
 int main(int argc, char **argv)
 {
-    using Function = void (*)(benchmark::State &);
-    for (const auto &[name, function] : std::initializer_list<std::pair<const char *, Function>>{
-             {"readBare", readBare}, {"readStore", readStore}, {"writeBare", writeBare}, {"writeStore", writeStore}}) {
-        benchmark::RegisterBenchmark(name, function)
-            ->UseRealTime()
-            ->Unit(benchmark::kMillisecond)
-            ->Repetitions(7)
-            ->ReportAggregatesOnly();
-    }
+    registerBenchmark("readBare", readBare);
+    registerBenchmark("readStore", readStore);
+    registerBenchmark("writeBare", writeBare);
+    registerBenchmark("writeStore", writeStore);
     benchmark::Initialize(&argc, argv);
-    RatioReporter reporter;
+    MedianReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
+    std::printf("open, read and group: %.2f × the bare loop\nwrite: %.2f × the bare loop\n",
+                reporter.median("readStore") / reporter.median("readBare"),
+                reporter.median("writeStore") / reporter.median("writeBare"));
     std::filesystem::remove_all(folder());
     return 0;
 }

@@ -108,7 +108,7 @@ std::uint32_t CharacterMap::lookUp(std::uint32_t code) const
     case 0: // Byte encoding table: glyphIdArray[256] at 6
         return code < 256 && 6 + code < m_subtable.size() ? m_subtable[6 + code] : 0;
     case 4:
-        return lookUpSegments(code);
+        return code <= 0xFFFF ? lookUpRanges(code) : 0;
     case 6: { // Trimmed table mapping: firstCode at 6, entryCount at 8, glyphIdArray at 10
         const std::uint32_t first = readU16(m_subtable, 6).value_or(0);
         const std::uint32_t count = readU16(m_subtable, 8).value_or(0);
@@ -124,19 +124,15 @@ std::uint32_t CharacterMap::lookUp(std::uint32_t code) const
         return readU16(m_subtable, 20 + 2 * std::size_t{code - first}).value_or(0);
     }
     default:
-        return lookUpGroups(code);
+        return lookUpRanges(code);
     }
 }
 
-// Format 4, segment mapping to delta values: endCode from 14, startCode, idDelta and idRangeOffset behind it.
-std::uint32_t CharacterMap::lookUpSegments(std::uint32_t code) const
+std::uint32_t CharacterMap::lookUpRanges(std::uint32_t code) const
 {
-    if (code > 0xFFFF)
-        return 0;
-    const auto endCode = [this](std::size_t segment) { return readU16(m_subtable, 14 + 2 * segment).value_or(0); };
     if (!m_isSorted) {
-        for (std::size_t segment = 0; segment < m_count; ++segment) {
-            if (const std::uint32_t found = glyphInSegment(segment, code); found != 0)
+        for (std::size_t range = 0; range < m_count; ++range) {
+            if (const std::uint32_t found = glyphInRange(range, code); found != 0)
                 return found;
         }
         return 0;
@@ -144,16 +140,29 @@ std::uint32_t CharacterMap::lookUpSegments(std::uint32_t code) const
     std::size_t first = 0;
     for (std::size_t remaining = m_count; remaining > 0;) {
         const std::size_t half = remaining / 2;
-        if (endCode(first + half) < code) {
+        if (rangeEnd(first + half) < code) {
             first += half + 1;
             remaining -= half + 1;
         } else {
             remaining = half;
         }
     }
-    return first < m_count ? glyphInSegment(first, code) : 0;
+    return first < m_count ? glyphInRange(first, code) : 0;
 }
 
+std::uint32_t CharacterMap::rangeEnd(std::size_t range) const
+{
+    if (m_format == 4)
+        return readU16(m_subtable, 14 + 2 * range).value_or(0);
+    return readU32(m_subtable, 16 + 12 * range + 4).value_or(0);
+}
+
+std::uint32_t CharacterMap::glyphInRange(std::size_t range, std::uint32_t code) const
+{
+    return m_format == 4 ? glyphInSegment(range, code) : glyphInGroup(range, code);
+}
+
+// Format 4, segment mapping to delta values: endCode from 14, startCode, idDelta and idRangeOffset behind it.
 std::uint32_t CharacterMap::glyphInSegment(std::size_t segment, std::uint32_t code) const
 {
     const std::size_t endCode = 14 + 2 * segment;
@@ -174,28 +183,6 @@ std::uint32_t CharacterMap::glyphInSegment(std::size_t segment, std::uint32_t co
 }
 
 // Formats 12 and 13: groups of startCharCode, endCharCode, glyph from 16.
-std::uint32_t CharacterMap::lookUpGroups(std::uint32_t code) const
-{
-    if (!m_isSorted) {
-        for (std::size_t group = 0; group < m_count; ++group) {
-            if (const std::uint32_t found = glyphInGroup(group, code); found != 0)
-                return found;
-        }
-        return 0;
-    }
-    std::size_t first = 0;
-    for (std::size_t remaining = m_count; remaining > 0;) {
-        const std::size_t half = remaining / 2;
-        if (readU32(m_subtable, 16 + 12 * (first + half) + 4).value_or(0) < code) {
-            first += half + 1;
-            remaining -= half + 1;
-        } else {
-            remaining = half;
-        }
-    }
-    return first < m_count ? glyphInGroup(first, code) : 0;
-}
-
 std::uint32_t CharacterMap::glyphInGroup(std::size_t group, std::uint32_t code) const
 {
     const std::size_t at = 16 + 12 * group;
@@ -209,15 +196,9 @@ std::uint32_t CharacterMap::glyphInGroup(std::size_t group, std::uint32_t code) 
 
 bool CharacterMap::isSorted() const
 {
-    const bool hasSegments = m_format == 4;
-    std::uint32_t previous = 0;
-    for (std::size_t i = 0; i < m_count; ++i) {
-        const std::size_t at = hasSegments ? 14 + 2 * i : 16 + 12 * i + 4;
-        const std::uint32_t end =
-            hasSegments ? readU16(m_subtable, at).value_or(0) : readU32(m_subtable, at).value_or(0);
-        if (end < previous)
+    for (std::size_t range = 1; range < m_count; ++range) {
+        if (rangeEnd(range) < rangeEnd(range - 1))
             return false;
-        previous = end;
     }
     return true;
 }

@@ -31,8 +31,10 @@ private:
     CharacterMap(std::vector<std::uint8_t> subtable, Encoding encoding);
 
     std::uint32_t lookUp(std::uint32_t code) const;
-    std::uint32_t lookUpSegments(std::uint32_t code) const; // format 4
-    std::uint32_t lookUpGroups(std::uint32_t code) const;   // formats 12 and 13
+    // The formats that map ranges: the segments of format 4, the groups of formats 12 and 13.
+    std::uint32_t lookUpRanges(std::uint32_t code) const;
+    std::uint32_t rangeEnd(std::size_t range) const;
+    std::uint32_t glyphInRange(std::size_t range, std::uint32_t code) const;
     std::uint32_t glyphInSegment(std::size_t segment, std::uint32_t code) const;
     std::uint32_t glyphInGroup(std::size_t group, std::uint32_t code) const;
     bool isSorted() const;
@@ -40,8 +42,8 @@ private:
     std::vector<std::uint8_t> m_subtable;
     Encoding m_encoding = Encoding::Unicode;
     std::uint16_t m_format = 0;
-    std::size_t m_count = 0; // segments or groups
-    bool m_isSorted = true;  // segments in order, so that a binary search finds them
+    std::size_t m_count = 0; // ranges
+    bool m_isSorted = true;  // ranges in order, so that a binary search finds them
 };
 
 } // namespace kerlune

@@ -13,6 +13,7 @@
 #include <charconv>
 #include <chrono>
 #include <cstring>
+#include <thread>
 #include <utility>
 
 namespace kerlune {
@@ -109,24 +110,36 @@ FontIndexStore::open(const std::filesystem::path &path, Clock clock)
     if (result != SQLITE_OK)
         return tl::unexpected(store->error(StoreError::Kind::open));
     sqlite3_busy_timeout(connection, kMostWait);
-    const auto ready = store->m_queue.sync([&] { return store->migrate(); });
+    const auto ready = store->m_queue.sync([&] { return store->prepareDatabase(); });
     if (!ready)
         return tl::unexpected(ready.error());
     return store;
 }
 
-tl::expected<void, FontIndexStore::StoreError> FontIndexStore::migrate()
+tl::expected<void, FontIndexStore::StoreError> FontIndexStore::prepareDatabase()
 {
     // SQLite looks at the file here for the first time: one that is no database, or cannot be written, shows now.
-    if (!execute("PRAGMA journal_mode=WAL;") || !execute("PRAGMA synchronous=NORMAL;") || !execute(kSchema))
+    if (!executeWhenFree("PRAGMA journal_mode=WAL;") || !execute("PRAGMA synchronous=NORMAL;") || !migrate())
         return tl::unexpected(error(StoreError::Kind::open));
-    const auto version = metaOnQueue("schema_version");
-    if (version && parseInteger(*version) == kSchemaVersion)
-        return {};
-    if (!execute("DELETE FROM fonts;"))
-        return tl::unexpected(error(StoreError::Kind::open));
-    setMetaOnQueue("schema_version", std::to_string(kSchemaVersion));
     return {};
+}
+
+bool FontIndexStore::migrate()
+{
+    const auto isCurrent = [this] {
+        const auto version = metaOnQueue("schema_version");
+        return version && parseInteger(*version) == kSchemaVersion;
+    };
+    if (!executeWhenFree(kSchema))
+        return false;
+    if (isCurrent())
+        return true;
+    // Another process may do the same at this moment, and write its index right after: look again under the lock.
+    if (!execute("BEGIN IMMEDIATE;"))
+        return false;
+    if (!isCurrent() && execute("DELETE FROM fonts;"))
+        setMetaOnQueue("schema_version", std::to_string(kSchemaVersion));
+    return commit();
 }
 
 tl::expected<void, FontIndexStore::StoreError> FontIndexStore::replaceAll(std::span<const FontRecordPointer> records)
@@ -389,6 +402,18 @@ void FontIndexStore::setMetaOnQueue(const std::string &key, const std::string &v
 bool FontIndexStore::execute(const char *sql)
 {
     return sqlite3_exec(m_db.get(), sql, nullptr, nullptr, nullptr) == SQLITE_OK;
+}
+
+bool FontIndexStore::executeWhenFree(const char *sql)
+{
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(kMostWait);
+    while (!execute(sql)) {
+        const bool isBusy = (sqlite3_errcode(m_db.get()) & 0xFF) == SQLITE_BUSY;
+        if (!isBusy || std::chrono::steady_clock::now() > end)
+            return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    return true;
 }
 
 bool FontIndexStore::commit()

@@ -110,12 +110,14 @@ private:
     FontIndexStore(Handle<sqlite3, sqlite3_close_v2> connection, Clock clock);
 
     // The operations below run on the queue.
-    tl::expected<void, StoreError> migrate();
+    tl::expected<void, StoreError> prepareDatabase();
+    bool migrate();
     tl::expected<void, StoreError> insertAll(std::span<const FontRecordPointer> records);
     std::optional<std::string> metaOnQueue(const std::string &key);
     void setMetaOnQueue(const std::string &key, const std::string &value);
     bool execute(const char *sql);
-    bool commit(); // or takes everything back
+    bool executeWhenFree(const char *sql); // for what SQLite's own waiting does not cover, such as the change to WAL
+    bool commit();                         // or takes everything back
     void run(std::string_view sql, std::initializer_list<std::string_view> texts,
              std::initializer_list<double> numbers = {});
     std::vector<std::string> firstColumn(std::string_view sql, std::initializer_list<std::string_view> texts = {});
