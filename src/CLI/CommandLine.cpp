@@ -59,10 +59,10 @@ public:
             m_app.parse(argc, argv);
         } catch (const CLI::CallForHelp &) {
             std::cout << m_app.help();
-            return kDone;
+            return finish(kDone);
         } catch (const CLI::CallForVersion &) {
             std::cout << m_app.version() << '\n';
-            return kDone;
+            return finish(kDone);
         } catch (const CLI::ParseError &error) {
             return reportWrongUsage(usageMessage(m_app, error));
         }

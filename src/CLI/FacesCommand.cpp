@@ -1,4 +1,5 @@
 #include "CLI/Commands.h"
+#include "CLI/DisplayText.h"
 #include "CLI/StoreAccess.h"
 #include "Model/FontIndexer.h"
 #include "Support/Localization.h"
@@ -26,11 +27,12 @@ void printJson(const std::vector<FontRecordPointer> &records)
 void printText(const std::vector<FontRecordPointer> &records)
 {
     for (const FontFamily &family : FontIndexer::groupIntoFamilies(records)) {
-        std::cout << family.name << " — " << label(family.representative()->classification) << ", "
+        std::cout << displayText(family.name) << " — " << label(family.representative()->classification) << ", "
                   << localizedCount("%1 graisse", "%1 graisses", static_cast<std::int64_t>(family.faces.size()))
                   << '\n';
         for (const FontRecordPointer &face : family.sortedFaces())
-            std::cout << "    " << face->style << "  [" << face->postScriptName << "]  " << face->filePath << '\n';
+            std::cout << "    " << displayText(face->style) << "  [" << displayText(face->postScriptName) << "]  "
+                      << displayText(face->filePath) << '\n';
     }
 }
 

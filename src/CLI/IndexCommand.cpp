@@ -1,4 +1,5 @@
 #include "CLI/Commands.h"
+#include "CLI/DisplayText.h"
 #include "CLI/ProgressBar.h"
 #include "CLI/StoreAccess.h"
 #include "Model/FontIndexer.h"
@@ -48,9 +49,19 @@ void reportSkipped(std::vector<SkippedFont> skipped)
               << '\n';
     const std::size_t named = std::min(skipped.size(), kMostNamed);
     for (std::size_t i = 0; i < named; ++i)
-        std::cerr << "  " << skipped[i].path << " : " << describe(skipped[i].reason) << '\n';
+        std::cerr << "  " << displayText(skipped[i].path) << " : " << describe(skipped[i].reason) << '\n';
     if (named < skipped.size())
         std::cerr << "  " << localized("… (« kerlune index --json » les nomme toutes)") << '\n';
+}
+
+void reportNoFonts(const std::vector<SkippedFont> &skipped)
+{
+    const std::string why =
+        skipped.empty()
+            ? localized("Aucune police : fontconfig n’en propose aucune. Installez des polices ou vérifiez sa "
+                        "configuration (« fc-list » donne ce qu’il trouve).")
+            : localized("Aucune police lisible : toutes ont été écartées.");
+    std::cerr << "kerlune: " << why << ' ' << localized("L’index précédent est conservé.") << '\n';
 }
 
 void printText(const Summary &summary)
@@ -83,31 +94,25 @@ int runIndexCommand(const CommandContext &context, OutputFormat format)
         return kFailed;
 
     const FontIndexer::Index index = readFonts(context.catalog);
-    if (index.records.empty()) {
+    if (format == OutputFormat::Text)
         reportSkipped(index.skipped);
-        std::cerr << "kerlune: "
-                  << localized(
-                         "Aucune police lisible : fontconfig n’en propose aucune. Installez des polices ou vérifiez "
-                         "sa configuration (« fc-list » donne ce qu’il trouve). L’index précédent est conservé.")
-                  << '\n';
-        return kFailed;
-    }
-    if (const auto saved = store->replaceAll(index.records); !saved) {
+    bool isSaved = false;
+    if (index.records.empty())
+        reportNoFonts(index.skipped);
+    else if (const auto saved = store->replaceAll(index.records); !saved)
         reportStoreError(saved.error(), context.directories);
-        return kFailed;
-    }
+    else
+        isSaved = true;
 
     const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
     const Summary summary{static_cast<std::int64_t>(index.records.size()),
                           static_cast<std::int64_t>(FontIndexer::groupIntoFamilies(index.records).size()),
                           elapsed.count()};
-    if (format == OutputFormat::Json) {
+    if (format == OutputFormat::Json)
         printJson(summary, index.skipped);
-    } else {
-        reportSkipped(index.skipped);
+    else if (isSaved)
         printText(summary);
-    }
-    return kDone;
+    return isSaved ? kDone : kFailed;
 }
 
 } // namespace kerlune

@@ -27,7 +27,7 @@ using Slot = tl::expected<FontRecordPointer, FontError>;
 constexpr std::int64_t kProgressStep = 128;
 constexpr std::chrono::seconds kMostTimeForAFace{2};
 
-tl::expected<FontRecord, FontError> extractFace(const std::shared_ptr<const FontFace> &face)
+Extraction extractFace(const std::shared_ptr<const FontFace> &face, std::uint64_t scriptMask)
 {
     if (const auto usable = face->checkUsable(); !usable)
         return tl::unexpected(usable.error());
@@ -53,7 +53,7 @@ tl::expected<FontRecord, FontError> extractFace(const std::shared_ptr<const Font
     record.xHeightRatio = metrics.xHeight;
     record.capHeightRatio = metrics.capHeight;
     record.glyphCount = face->glyphCount();
-    record.scriptMask = ScriptCoverage::mask(*face);
+    record.scriptMask = scriptMask;
     record.classification = Classifier::classify(
         {record.family, record.isMonospace, record.scriptMask, record.glyphCount, traits.symbolic}, face);
     record.version = face->name(NameId::Version);
@@ -65,32 +65,44 @@ tl::expected<FontRecord, FontError> extractFace(const std::shared_ptr<const Font
     return record;
 }
 
-// Opens descriptors one after the other; neighbours from one file share its opening.
-class FaceOpener final {
+// Reads faces one after the other. Neighbours share what they have in common: the file, and the instances of a variable
+// face its tables and its coverage.
+class RecordReader final {
 public:
+    Extraction read(const FontDescriptor &descriptor)
+    {
+        const CpuStopwatch stopwatch;
+        Extraction record =
+            open(descriptor).and_then([&](const auto &face) { return extractFace(face, m_scriptMask); });
+        if (stopwatch.elapsed() > kMostTimeForAFace)
+            return tl::unexpected(FontError::TooCostly);
+        return record;
+    }
+
+private:
     tl::expected<std::shared_ptr<const FontFace>, FontError> open(const FontDescriptor &descriptor)
     {
         if (m_file == nullptr || m_file->path() != descriptor.path) {
+            m_face.reset();
             auto file = FontFile::open(descriptor.path);
             if (!file)
                 return tl::unexpected(file.error());
             m_file = *std::move(file);
         }
-        return FontFace::open(m_file, descriptor.faceIndex, descriptor.instanceIndex);
+        if (m_face == nullptr || m_face->faceIndex() != descriptor.faceIndex) {
+            auto face = FontFace::open(m_file, descriptor.faceIndex);
+            if (!face)
+                return tl::unexpected(face.error());
+            m_face = *std::move(face);
+            m_scriptMask = ScriptCoverage::mask(*m_face);
+        }
+        return m_face->instance(descriptor.instanceIndex);
     }
 
-private:
     std::shared_ptr<const FontFile> m_file;
+    std::shared_ptr<const FontFace> m_face; // the default instance of the last one
+    std::uint64_t m_scriptMask = 0;         // of m_face
 };
-
-Extraction extractWith(FaceOpener &opener, const FontDescriptor &descriptor)
-{
-    const CpuStopwatch stopwatch;
-    Extraction record = opener.open(descriptor).and_then(extractFace);
-    if (stopwatch.elapsed() > kMostTimeForAFace)
-        return tl::unexpected(FontError::TooCostly);
-    return record;
-}
 
 } // namespace
 
@@ -109,9 +121,9 @@ FontIndexer::Index FontIndexer::buildIndex(const ProgressHandler &onProgress) co
     std::mutex mutex; // guards the two above
 
     parallelForRanges(fonts.size(), [&](std::size_t first, std::size_t last) {
-        FaceOpener opener;
+        RecordReader reader;
         for (std::size_t i = first; i != last; ++i) {
-            Extraction extraction = extractWith(opener, fonts[i]);
+            Extraction extraction = reader.read(fonts[i]);
             Slot slot = extraction.map(
                 [](FontRecord &record) { return std::make_shared<const FontRecord>(std::move(record)); });
             std::int64_t done = 0;
@@ -127,10 +139,14 @@ FontIndexer::Index FontIndexer::buildIndex(const ProgressHandler &onProgress) co
 
     Index index{{}, std::move(available.skipped)};
     for (std::size_t i = 0; i < fonts.size(); ++i) {
-        if (slots[i])
+        if (slots[i]) {
             index.records.push_back(*std::move(slots[i]));
-        else
-            index.skipped.push_back({fonts[i].path, slots[i].error()});
+            continue;
+        }
+        index.skipped.push_back({fonts[i].path, slots[i].error()});
+        // What passes by itself, such as a file that is just being replaced, is tried again the next time.
+        if (slots[i].error() == FontError::TooCostly)
+            m_catalog.leaveOut(fonts[i], FontError::TooCostly);
     }
     return index;
 }
@@ -142,8 +158,7 @@ FontCatalog::Listing FontIndexer::availableDescriptors(Duplicates duplicates) co
 
 tl::expected<FontRecord, FontError> FontIndexer::extract(const FontDescriptor &descriptor)
 {
-    FaceOpener opener;
-    return extractWith(opener, descriptor);
+    return RecordReader().read(descriptor);
 }
 
 std::vector<FontFamily> FontIndexer::groupIntoFamilies(std::span<const FontRecordPointer> records)

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <numeric>
 #include <optional>
 #include <utility>
 
@@ -91,7 +92,7 @@ CharacterMap::CharacterMap(std::vector<std::uint8_t> subtable, Encoding encoding
         m_count = std::min<std::size_t>(readU16(m_subtable, 6).value_or(0) / 2, m_subtable.size() / 8);
     else if (m_format >= 12)
         m_count = std::min<std::size_t>(readU32(m_subtable, 12).value_or(0), m_subtable.size() / 12);
-    m_isSorted = isSorted();
+    sortRanges();
 }
 
 std::uint32_t CharacterMap::glyph(char32_t character) const
@@ -130,24 +131,18 @@ std::uint32_t CharacterMap::lookUp(std::uint32_t code) const
 
 std::uint32_t CharacterMap::lookUpRanges(std::uint32_t code) const
 {
-    if (!m_isSorted) {
-        for (std::size_t range = 0; range < m_count; ++range) {
-            if (const std::uint32_t found = glyphInRange(range, code); found != 0)
-                return found;
-        }
-        return 0;
-    }
+    const auto ordered = [this](std::size_t i) { return m_order.empty() ? i : m_order[i]; };
     std::size_t first = 0;
     for (std::size_t remaining = m_count; remaining > 0;) {
         const std::size_t half = remaining / 2;
-        if (rangeEnd(first + half) < code) {
+        if (rangeEnd(ordered(first + half)) < code) {
             first += half + 1;
             remaining -= half + 1;
         } else {
             remaining = half;
         }
     }
-    return first < m_count ? glyphInRange(first, code) : 0;
+    return first < m_count ? glyphInRange(ordered(first), code) : 0;
 }
 
 std::uint32_t CharacterMap::rangeEnd(std::size_t range) const
@@ -194,13 +189,17 @@ std::uint32_t CharacterMap::glyphInGroup(std::size_t group, std::uint32_t code) 
     return m_format == 13 ? *glyph : *glyph + (code - *start);
 }
 
-bool CharacterMap::isSorted() const
+void CharacterMap::sortRanges()
 {
-    for (std::size_t range = 1; range < m_count; ++range) {
-        if (rangeEnd(range) < rangeEnd(range - 1))
-            return false;
-    }
-    return true;
+    const auto endsBefore = [this](std::size_t a, std::size_t b) { return rangeEnd(a) < rangeEnd(b); };
+    bool isSorted = true;
+    for (std::size_t range = 1; isSorted && range < m_count; ++range)
+        isSorted = !endsBefore(range, range - 1);
+    if (isSorted)
+        return;
+    m_order.resize(m_count);
+    std::iota(m_order.begin(), m_order.end(), 0U);
+    std::stable_sort(m_order.begin(), m_order.end(), endsBefore);
 }
 
 } // namespace kerlune

@@ -37,13 +37,13 @@ private:
     std::uint32_t glyphInRange(std::size_t range, std::uint32_t code) const;
     std::uint32_t glyphInSegment(std::size_t segment, std::uint32_t code) const;
     std::uint32_t glyphInGroup(std::size_t group, std::uint32_t code) const;
-    bool isSorted() const;
+    void sortRanges();
 
     std::vector<std::uint8_t> m_subtable;
     Encoding m_encoding = Encoding::Unicode;
     std::uint16_t m_format = 0;
-    std::size_t m_count = 0; // ranges
-    bool m_isSorted = true;  // ranges in order, so that a binary search finds them
+    std::size_t m_count = 0;            // ranges
+    std::vector<std::uint32_t> m_order; // of the ranges by their ends, where the table has them in another order
 };
 
 } // namespace kerlune

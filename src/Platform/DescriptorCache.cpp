@@ -46,7 +46,7 @@ FontCatalog::Listing read(QDataStream &stream, const std::string &path)
     for (quint32 i = 0; i < count && stream.status() == QDataStream::Ok; ++i) {
         quint8 reason = 0;
         stream >> reason;
-        if (reason > static_cast<quint8>(FontError::RefusedBySystem))
+        if (reason > static_cast<quint8>(FontError::BlocksReaders))
             stream.setStatus(QDataStream::ReadCorruptData);
         listing.skipped.push_back({path, static_cast<FontError>(reason)});
     }
@@ -84,6 +84,15 @@ const FontCatalog::Listing *DescriptorCache::find(const std::string &path, const
 void DescriptorCache::insert(const std::string &path, const Stamp &stamp, FontCatalog::Listing listing)
 {
     m_entries.insert_or_assign(path, Entry{stamp, std::move(listing), true});
+    m_isChanged = true;
+}
+
+void DescriptorCache::leaveOut(const FontDescriptor &font, FontError reason)
+{
+    const auto found = m_entries.find(font.path);
+    if (found == m_entries.end() || std::erase(found->second.listing.fonts, font) == 0)
+        return;
+    found->second.listing.skipped.push_back({font.path, reason});
     m_isChanged = true;
 }
 

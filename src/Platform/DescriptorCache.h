@@ -30,6 +30,9 @@ public:
     const FontCatalog::Listing *find(const std::string &path, const Stamp &stamp);
     void insert(const std::string &path, const Stamp &stamp, FontCatalog::Listing listing);
 
+    // Moves a face of a known file from its fonts to what was skipped.
+    void leaveOut(const FontDescriptor &font, FontError reason);
+
     // Writes the cache if it changed. Entries that were not asked for are kept until they outnumber the others.
     void save();
 

@@ -1,11 +1,16 @@
 #include "Platform/FontCatalog.h"
 
 #include "Platform/FontFace.h"
+#include "Support/CpuStopwatch.h"
 #include "Support/Text.h"
+
+#include <chrono>
 
 namespace kerlune {
 
 namespace {
+
+constexpr std::chrono::seconds kMostTimeForAFile{2};
 
 tl::expected<void, FontError> appendFace(std::vector<FontDescriptor> &fonts,
                                          const std::shared_ptr<const FontFile> &file, std::uint32_t faceIndex)
@@ -55,7 +60,12 @@ FontCatalog::Listing fontsOfFile(const std::string &path)
         skip(count.error());
         return listing;
     }
+    const CpuStopwatch stopwatch;
     for (std::uint32_t i = 0; i < *count; ++i) {
+        if (stopwatch.elapsed() > kMostTimeForAFile) {
+            skip(FontError::TooCostly);
+            break;
+        }
         if (const auto appended = appendFace(listing.fonts, *file, i); !appended)
             skip(appended.error());
     }

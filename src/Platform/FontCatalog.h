@@ -43,12 +43,16 @@ public:
     // that the system itself does not offer.
     virtual Listing availableFonts(Duplicates duplicates) const = 0;
 
+    // Offers a face no longer, until its file changes: it turned out that it cannot be indexed.
+    virtual void leaveOut(const FontDescriptor &font, FontError reason) const = 0;
+
     // The face on offer with that PostScript name, or else with one that differs only in case.
     std::optional<FontDescriptor> findFont(const std::string &postScriptName) const;
 };
 
 // The faces of one file in its order: of a variable face its default instance, then its other named instances.
-// Faces that could not be indexed are left out and named in `skipped`, as is a file that cannot be read.
+// Faces that could not be indexed are left out and named in `skipped`, as is a file that cannot be read. Of a file that
+// takes more than two seconds of processor time, the faces found until then are listed.
 //
 // Thread: any; blocks while it reads.
 FontCatalog::Listing fontsOfFile(const std::string &path);

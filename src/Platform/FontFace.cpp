@@ -1,5 +1,7 @@
 #include "Platform/FontFace.h"
 
+#include "Support/Handle.h"
+
 #include <hb-ot.h>
 #include <hb.h>
 
@@ -25,15 +27,6 @@ hb_blob_t *referenceTable(hb_face_t *, hb_tag_t tableTag, void *tables)
                           [](void *vector) { delete static_cast<std::vector<std::uint8_t> *>(vector); });
 }
 
-std::vector<hb_ot_var_axis_info_t> readAxes(hb_face_t *face)
-{
-    unsigned count = hb_ot_var_get_axis_count(face);
-    std::vector<hb_ot_var_axis_info_t> axes(count);
-    hb_ot_var_get_axis_infos(face, 0, &count, axes.data());
-    axes.resize(count);
-    return axes;
-}
-
 std::string asciiLettersAndDigits(const std::string &text)
 {
     std::string kept;
@@ -44,20 +37,47 @@ std::string asciiLettersAndDigits(const std::string &text)
 
 } // namespace
 
-FontFace::FontFace(std::shared_ptr<const FontFile> file, std::uint32_t faceIndex, FaceTables tables)
-    : m_file(std::move(file))
-    , m_faceIndex(faceIndex)
-    , m_tables(std::move(tables))
-    , m_names(m_tables.read(tag("name"), kMostNameBytes))
-    , m_harfBuzz(hb_face_create_for_tables(referenceTable, &m_tables, nullptr))
-{
-    // OpenType 'head': unitsPerEm at 18, macStyle at 44.
-    const auto head = m_tables.read(tag("head"), 54);
-    m_unitsPerEm = readU16(head, 18).value_or(0);
-    m_macStyle = readU16(head, 44).value_or(0);
-    if (m_tables.has(tag("fvar")))
-        m_axisCount = hb_ot_var_get_axis_count(m_harfBuzz.get());
-}
+struct FontFace::Source {
+    Source(std::shared_ptr<const FontFile> openFile, std::uint32_t index, FaceTables faceTables)
+        : file(std::move(openFile))
+        , faceIndex(index)
+        , tables(std::move(faceTables))
+        , names(tables.read(tag("name"), kMostNameBytes))
+        , harfBuzz(hb_face_create_for_tables(referenceTable, &tables, nullptr))
+    {
+        // OpenType 'head': unitsPerEm at 18, macStyle at 44.
+        const auto head = tables.read(tag("head"), 54);
+        unitsPerEm = readU16(head, 18).value_or(0);
+        macStyle = readU16(head, 44).value_or(0);
+        if (tables.has(tag("fvar")))
+            readAxes();
+    }
+
+    void readAxes()
+    {
+        unsigned count = hb_ot_var_get_axis_count(harfBuzz.get());
+        std::vector<hb_ot_var_axis_info_t> axes(count);
+        hb_ot_var_get_axis_infos(harfBuzz.get(), 0, &count, axes.data());
+        for (const hb_ot_var_axis_info_t &axis : axes)
+            defaults.push_back({axis.tag, axis.default_value});
+    }
+
+    std::shared_ptr<const FontFile> file;
+    std::uint32_t faceIndex;
+    FaceTables tables;
+    NameTable names;
+    std::uint32_t unitsPerEm = 0;
+    std::uint16_t macStyle = 0;
+    std::vector<AxisValue> defaults;             // one for each axis
+    Handle<hb_face_t, hb_face_destroy> harfBuzz; // reads through the tables
+};
+
+FontFace::FontFace(std::shared_ptr<const Source> source, std::uint32_t instanceIndex,
+                   std::vector<AxisValue> coordinates)
+    : m_source(std::move(source))
+    , m_instanceIndex(instanceIndex)
+    , m_coordinates(std::move(coordinates))
+{}
 
 tl::expected<std::shared_ptr<const FontFace>, FontError>
 FontFace::open(const std::shared_ptr<const FontFile> &file, std::uint32_t faceIndex, std::uint32_t instanceIndex)
@@ -65,10 +85,11 @@ FontFace::open(const std::shared_ptr<const FontFile> &file, std::uint32_t faceIn
     auto tables = FaceTables::open(file, faceIndex);
     if (!tables)
         return tl::unexpected(tables.error());
-    const std::shared_ptr<FontFace> face(new FontFace(file, faceIndex, std::move(*tables)));
-    if (const auto selected = face->selectInstance(instanceIndex); !selected)
-        return tl::unexpected(selected.error());
-    return face;
+    const std::shared_ptr<const FontFace> face(
+        new FontFace(std::make_shared<const Source>(file, faceIndex, std::move(*tables)), 0, {}));
+    if (instanceIndex == 0)
+        return face;
+    return face->instance(instanceIndex);
 }
 
 tl::expected<std::shared_ptr<const FontFace>, FontError> FontFace::open(const FontDescriptor &descriptor)
@@ -79,67 +100,98 @@ tl::expected<std::shared_ptr<const FontFace>, FontError> FontFace::open(const Fo
     return open(*file, descriptor.faceIndex, descriptor.instanceIndex);
 }
 
-tl::expected<void, FontError> FontFace::selectInstance(std::uint32_t instanceIndex)
+tl::expected<std::shared_ptr<const FontFace>, FontError> FontFace::instance(std::uint32_t instanceIndex) const
 {
-    if (instanceIndex == 0)
-        return {};
-    if (m_axisCount == 0 || instanceIndex > hb_ot_var_get_named_instance_count(m_harfBuzz.get()))
+    if (instanceIndex > 0 && (!isVariable() || instanceIndex > hb_ot_var_get_named_instance_count(harfBuzz())))
         return tl::unexpected(FontError::NoSuchFace);
-    m_instanceIndex = instanceIndex;
-    m_coordinates = instanceCoordinates(instanceIndex);
-    return {};
+    auto coordinates = instanceIndex == 0 ? std::vector<AxisValue>() : instanceCoordinates(instanceIndex);
+    return std::shared_ptr<const FontFace>(new FontFace(m_source, instanceIndex, std::move(coordinates)));
+}
+
+const std::shared_ptr<const FontFile> &FontFace::file() const
+{
+    return m_source->file;
+}
+
+std::uint32_t FontFace::faceIndex() const
+{
+    return m_source->faceIndex;
+}
+
+const FaceTables &FontFace::tables() const
+{
+    return m_source->tables;
+}
+
+std::uint32_t FontFace::unitsPerEm() const
+{
+    return m_source->unitsPerEm;
+}
+
+std::uint16_t FontFace::macStyle() const
+{
+    return m_source->macStyle;
+}
+
+bool FontFace::isVariable() const
+{
+    return !m_source->defaults.empty();
+}
+
+hb_face_t *FontFace::harfBuzz() const
+{
+    return m_source->harfBuzz.get();
+}
+
+std::optional<std::string> FontFace::name(NameId id) const
+{
+    return m_source->names.find(id);
 }
 
 std::optional<std::string> FontFace::postScriptName() const
 {
     if (m_instanceIndex == 0)
-        return m_names.find(NameId::PostScriptName);
+        return name(NameId::PostScriptName);
     return instancePostScriptName(m_instanceIndex);
 }
 
 std::optional<std::string> FontFace::familyName() const
 {
-    auto family = m_names.find(NameId::TypographicFamily);
-    return family ? family : m_names.find(NameId::Family);
+    auto family = name(NameId::TypographicFamily);
+    return family ? family : name(NameId::Family);
 }
 
 std::optional<std::string> FontFace::styleName() const
 {
     if (m_instanceIndex != 0)
         return instanceStyleName(m_instanceIndex);
-    auto style = m_names.find(NameId::TypographicSubfamily);
-    return style ? style : m_names.find(NameId::Subfamily);
+    auto style = name(NameId::TypographicSubfamily);
+    return style ? style : name(NameId::Subfamily);
 }
 
 tl::expected<void, FontError> FontFace::checkUsable() const
 {
-    const auto name = postScriptName();
-    if (!name)
+    const auto ownName = postScriptName();
+    if (!ownName)
         return tl::unexpected(FontError::NoPostScriptName);
-    if (name->front() == '.')
+    if (ownName->front() == '.')
         return tl::unexpected(FontError::HiddenName);
-    if (m_unitsPerEm == 0)
+    if (unitsPerEm() == 0)
         return tl::unexpected(FontError::NoUnitsPerEm);
     return {};
 }
 
 std::uint32_t FontFace::glyphCount() const
 {
-    return readU16(m_tables.read(tag("maxp"), 6), 4).value_or(0);
+    return readU16(tables().read(tag("maxp"), 6), 4).value_or(0);
 }
 
 std::vector<NamedInstance> FontFace::otherInstances() const
 {
-    if (m_axisCount == 0)
-        return {};
-    std::vector<AxisValue> defaults;
-    for (const hb_ot_var_axis_info_t &axis : readAxes(m_harfBuzz.get()))
-        defaults.push_back({axis.tag, axis.default_value});
-
     std::vector<NamedInstance> instances;
-    const std::uint32_t count = std::min(hb_ot_var_get_named_instance_count(m_harfBuzz.get()), kMostInstances);
+    const std::uint32_t count = isVariable() ? hb_ot_var_get_named_instance_count(harfBuzz()) : 0;
     for (std::uint32_t index = 1; index <= count; ++index) {
-        if (instanceCoordinates(index) != defaults)
+        if (instanceCoordinates(index) != m_source->defaults)
             instances.push_back({index, instancePostScriptName(index), instanceStyleName(index).value_or("")});
     }
     return instances;
@@ -147,30 +199,28 @@ std::vector<NamedInstance> FontFace::otherInstances() const
 
 std::vector<AxisValue> FontFace::instanceCoordinates(std::uint32_t instanceIndex) const
 {
-    std::vector<float> values(m_axisCount);
-    unsigned count = m_axisCount;
-    hb_ot_var_named_instance_get_design_coords(m_harfBuzz.get(), instanceIndex - 1, &count, values.data());
-    std::vector<AxisValue> coordinates;
-    for (const hb_ot_var_axis_info_t &axis : readAxes(m_harfBuzz.get())) {
-        if (coordinates.size() < count)
-            coordinates.push_back({axis.tag, values[coordinates.size()]});
-    }
+    std::vector<AxisValue> coordinates = m_source->defaults;
+    std::vector<float> values(coordinates.size());
+    auto count = static_cast<unsigned>(values.size());
+    hb_ot_var_named_instance_get_design_coords(harfBuzz(), instanceIndex - 1, &count, values.data());
+    for (std::size_t i = 0; i < count && i < coordinates.size(); ++i)
+        coordinates[i].value = values[i];
     return coordinates;
 }
 
 // OpenType 'fvar', InstanceRecord: the record's own name, else the prefix that the family gives and the style.
 std::string FontFace::instancePostScriptName(std::uint32_t instanceIndex) const
 {
-    const auto id = hb_ot_var_named_instance_get_postscript_name_id(m_harfBuzz.get(), instanceIndex - 1);
+    const auto id = hb_ot_var_named_instance_get_postscript_name_id(harfBuzz(), instanceIndex - 1);
     if (id != HB_OT_NAME_ID_INVALID) {
-        if (auto own = m_names.find(static_cast<NameId>(id)))
+        if (auto own = name(static_cast<NameId>(id)))
             return *own;
     }
-    auto prefix = m_names.find(NameId::VariationsPostScriptNamePrefix);
+    auto prefix = name(NameId::VariationsPostScriptNamePrefix);
     if (!prefix)
         prefix = asciiLettersAndDigits(familyName().value_or(""));
     if (prefix->empty()) {
-        const std::string defaultName = m_names.find(NameId::PostScriptName).value_or("");
+        const std::string defaultName = name(NameId::PostScriptName).value_or("");
         prefix = defaultName.substr(0, defaultName.find('-'));
     }
     std::string style = instanceStyleName(instanceIndex).value_or("");
@@ -180,8 +230,8 @@ std::string FontFace::instancePostScriptName(std::uint32_t instanceIndex) const
 
 std::optional<std::string> FontFace::instanceStyleName(std::uint32_t instanceIndex) const
 {
-    const auto id = hb_ot_var_named_instance_get_subfamily_name_id(m_harfBuzz.get(), instanceIndex - 1);
-    return id == HB_OT_NAME_ID_INVALID ? std::nullopt : m_names.find(static_cast<NameId>(id));
+    const auto id = hb_ot_var_named_instance_get_subfamily_name_id(harfBuzz(), instanceIndex - 1);
+    return id == HB_OT_NAME_ID_INVALID ? std::nullopt : name(static_cast<NameId>(id));
 }
 
 } // namespace kerlune

@@ -192,6 +192,8 @@ std::string describe(FontError error)
         return localized("cadratin de 0 unité");
     case FontError::RefusedBySystem:
         return localized("lisible, mais refusée par la configuration des polices du système");
+    case FontError::BlocksReaders:
+        return localized("tube sur lequel les programmes qui lisent les polices attendent sans fin ; retirez-le");
     case FontError::TooCostly:
         return localized("lecture de plus de 2 secondes");
     }

@@ -27,6 +27,7 @@ enum class FontError {
     NoUnitsPerEm,    // OpenType head.unitsPerEm is 0
     TooCostly,       // reading it took longer than a face may
     RefusedBySystem, // readable, but the system does not offer it
+    BlocksReaders,   // a pipe in a font folder: the system's own scan would wait for a writer
 };
 
 // What the error means, for the user.

@@ -1,6 +1,7 @@
 #include "Platform/FontMetrics.h"
 
 #include "Platform/Font.h"
+#include "Support/Handle.h"
 
 #include <hb-ot.h>
 #include <hb.h>

@@ -139,7 +139,7 @@ bool FontIndexStore::migrate()
         return false;
     if (!isCurrent() && execute("DELETE FROM fonts;"))
         setMetaOnQueue("schema_version", std::to_string(kSchemaVersion));
-    return commit();
+    return commit() && isCurrent(); // a table of another shape takes no version
 }
 
 tl::expected<void, FontIndexStore::StoreError> FontIndexStore::replaceAll(std::span<const FontRecordPointer> records)

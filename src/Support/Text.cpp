@@ -71,8 +71,14 @@ NameCollator::NameCollator(const std::string &locale)
     : m_implementation(std::make_unique<Implementation>())
 {
     UErrorCode status = U_ZERO_ERROR;
-    const std::string name = locale.empty() ? collationLocale() : locale;
-    m_implementation->collator.reset(icu::Collator::createInstance(icu::Locale(name.c_str()), status));
+    const std::string wanted = locale.empty() ? collationLocale() : locale;
+    // ICU has an answer to every locale but one that is no name at all.
+    for (const char *name : {wanted.c_str(), "fr"}) {
+        status = U_ZERO_ERROR;
+        m_implementation->collator.reset(icu::Collator::createInstance(icu::Locale(name), status));
+        if (m_implementation->collator != nullptr)
+            break;
+    }
     if (m_implementation->collator == nullptr)
         std::abort(); // ICU without its own data: the installation is broken
     m_implementation->collator->setStrength(icu::Collator::SECONDARY);

@@ -6,6 +6,7 @@
 
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -114,8 +115,38 @@ TEST_F(CommandLineTest, KeepsTheIndexOfAMachineThatLostItsFonts)
     fs::remove_all(fonts());
     const Result result = run("index");
     EXPECT_EQ(result.status, 1);
-    EXPECT_THAT(result.messages, HasSubstr("Aucune police lisible"));
+    EXPECT_THAT(result.messages, HasSubstr("Aucune police : fontconfig n’en propose aucune"));
     EXPECT_EQ(faces().size(), 1U);
+
+    fs::create_directories(fonts());
+    offer("names-hidden.ttf");
+    const Result hidden = run("index --json");
+    EXPECT_EQ(hidden.status, 1);
+    EXPECT_THAT(hidden.messages, HasSubstr("toutes ont été écartées. L’index précédent est conservé."));
+    EXPECT_EQ(json::parse(hidden.output).at("skipped").size(), 1U);
+    EXPECT_EQ(faces().size(), 1U);
+}
+
+// What fontconfig itself would wait for without end.
+TEST_F(CommandLineTest, DoesNotWaitForAPipeAmongTheFonts)
+{
+    offer("plain.ttf");
+    run("index");
+    ASSERT_EQ(mkfifo((fonts() / "pipe.ttf").c_str(), 0600), 0);
+    const Result result = run("index");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.messages, HasSubstr("pipe.ttf : tube sur lequel"));
+    EXPECT_EQ(faces().size(), 1U);
+}
+
+TEST_F(CommandLineTest, SendsNoControlCharactersOfAFontToTheTerminal)
+{
+    offer("names-control.ttf");
+    const Result indexed = run("index");
+    EXPECT_EQ(indexed.status, 0);
+    const Result text = run("faces");
+    EXPECT_THAT(text.output, HasSubstr("Essai\uFFFD]0;x\uFFFDFin"));
+    EXPECT_EQ(faces().at(0).at("family"), "Essai\x1B]0;x\aFin");
 }
 
 TEST_F(CommandLineTest, SaysWhyTheIndexCannotBeOpened)

@@ -106,6 +106,8 @@ TEST_F(FontCatalogTest, NamesTheFilesThatFontconfigDoesNotOffer)
     writeFile(fonts() / "deeper/notes.txt", "no font");
     fs::copy_file(testFont("text.ttf"), fonts() / "deeper/c.OTF");
     offer("huge-offsets.ttf", ".hidden.ttf");
+    fs::create_directory(fonts() / "folder.ttf");
+    fs::create_directory_symlink(fonts(), fonts() / "deeper/around");
     const auto listing = m_catalog.availableFonts(Duplicates::Remove);
     EXPECT_EQ(listing.fonts.size(), 1U);
     EXPECT_THAT(listing.skipped, ElementsAre(SkippedFont{fonts() / "deeper/c.OTF", FontError::UnknownFormat},
@@ -146,6 +148,22 @@ TEST_F(FontCatalogTest, ReadsAFileAgainOnlyWhenItsTimeOrSizeChanged)
     EXPECT_THAT(next.availableFonts(Duplicates::Keep).fonts, IsEmpty());
     EXPECT_THAT(next.availableFonts(Duplicates::Keep).skipped,
                 testing::ElementsAre(SkippedFont{fs::canonical(path), FontError::UnknownFormat}));
+}
+
+// A face that takes too long is found out when it is indexed; it must not be offered again at every start.
+TEST_F(FontCatalogTest, ForgetsAFaceThatCouldNotBeIndexed)
+{
+    offer("two-a.ttf", "a.ttf");
+    offer("two-b.ttf", "b.ttf");
+    const FontDescriptor costly = m_catalog.availableFonts(Duplicates::Remove).fonts.at(0);
+    m_catalog.leaveOut(costly, FontError::TooCostly);
+    const FontconfigCatalog next(m_processFonts, cacheFile());
+    for (const FontCatalog *catalog : std::initializer_list<const FontCatalog *>{&m_catalog, &next}) {
+        const auto listing = catalog->availableFonts(Duplicates::Remove);
+        ASSERT_EQ(listing.fonts.size(), 1U);
+        EXPECT_EQ(listing.fonts[0].path, fonts() / "b.ttf"); // the other face of that name steps in
+        EXPECT_THAT(listing.skipped, ElementsAre(SkippedFont{costly.path, FontError::TooCostly}));
+    }
 }
 
 TEST_F(FontCatalogTest, DoesWithoutADamagedOrUnwritableCache)

@@ -71,7 +71,7 @@ TEST(Font, ClipsWhatLeavesTheImage)
 // Trees of components that would never end, or take years.
 TEST(Font, RefusesGlyphsThatCannotBeComposed)
 {
-    for (const char *name : {"composite-bomb.ttf", "composite-loop.ttf"}) {
+    for (const char *name : {"composite-bomb.ttf", "composite-deep.ttf", "composite-loop.ttf"}) {
         const auto font = openFont(testFont(name), 96);
         const std::uint32_t glyph = font->glyph(U'I');
         ASSERT_NE(glyph, 0U) << name;

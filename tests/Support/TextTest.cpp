@@ -26,6 +26,12 @@ TEST(NameCollator, SortsAsAFileBrowserDoes)
     EXPECT_LT(collator.sortKey(longName), collator.sortKey(longName + "x"));
 }
 
+TEST(NameCollator, DoesWithALocaleThatIsNoName)
+{
+    const NameCollator collator("en_US_" + std::string(300, 'x'));
+    EXPECT_LT(collator.sortKey("Font 9"), collator.sortKey("font 10"));
+}
+
 TEST(NameCollator, DoesNotSortByBytesInThePosixLocale)
 {
     setenv("LC_ALL", "C", 1);

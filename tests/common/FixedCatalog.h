@@ -24,6 +24,10 @@ public:
         return all;
     }
 
+    void leaveOut(const FontDescriptor &font, FontError) const override { leftOut.push_back(font.postScriptName); }
+
+    mutable std::vector<std::string> leftOut;
+
 private:
     std::vector<std::string> m_paths;
 };

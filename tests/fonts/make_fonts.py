@@ -232,6 +232,8 @@ SIMPLE: dict[str, tuple[str, dict[str, Any]]] = {
     "names-no-family": ("", {"records": [windows(6, "EssaiNoFamily-Regular")]}),
     "names-no-postscript": ("Essai Anonyme", {"names": {6: None}}),
     "names-hidden": ("Essai Hidden", {"postscript": ".EssaiHidden-Regular"}),
+    "names-control": ("", {"records": [
+        windows(1, "Essai\x1b]0;x\x07Fin"), windows(6, "EssaiControl-Regular")]}),
     "names-mac-roman": ("", {"records": [
         mac(1, b"Essai Roman"), mac(2, b"Regular"), mac(5, b"Version 1.000"),
         mac(6, b"EssaiRoman-Regular"), mac(9, b"\x82\x8edille\xaa")]}),  # Çédille™
@@ -480,6 +482,7 @@ def table_sets() -> dict[str, Tables]:
         "upem-0": patched(build("Essai Zero"), "head", 18, bytes(2)),
         # 2^40 ways down through the components.
         "composite-bomb": composites("Essai Bombe", 40, lambda g: composite(g + 1, g + 1)),
+        "composite-deep": composites("Essai Puits", 70, lambda g: composite(g + 1)),
         "composite-loop": composites("Essai Boucle", 1, lambda g: composite(g, g)),
         "name-out-of-range": names_out_of_range(),
         "many-names": too_many_names(),

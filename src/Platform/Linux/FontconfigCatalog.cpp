@@ -1,23 +1,17 @@
 #include "Platform/Linux/FontconfigCatalog.h"
 
 #include "Platform/DescriptorCache.h"
+#include "Platform/Linux/LinkResolver.h"
 #include "Platform/Linux/ProcessFonts.h"
-#include "Support/Handle.h"
+#include "Platform/Linux/SystemFontFiles.h"
 #include "Support/ParallelFor.h"
-#include "Support/Text.h"
 
-#include <fontconfig/fontconfig.h>
 #include <sys/stat.h>
 
 #include <algorithm>
-#include <cstdlib>
-#include <map>
 #include <mutex>
 #include <optional>
-#include <set>
 #include <string_view>
-#include <system_error>
-#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 
@@ -30,34 +24,9 @@ struct WantedFile {
     std::string path; // resolved
     std::set<std::uint32_t> faces = {};
     bool isOffered = true; // false for a file that fontconfig left out: only why is of interest
+    bool isPipe = false;   // never opened
     std::optional<DescriptorCache::Stamp> stamp = {}; // absent when the file is gone
     FontCatalog::Listing listing = {};
-};
-
-// Resolves symbolic links; each folder once, as most files of a folder are none.
-class LinkResolver final {
-public:
-    std::string resolve(const std::string &path)
-    {
-        struct stat status = {};
-        if (!path.starts_with('/') || lstat(path.c_str(), &status) != 0 || S_ISLNK(status.st_mode))
-            return realPath(path);
-        const std::size_t slash = path.rfind('/');
-        std::string folder = path.substr(0, slash);
-        auto known = m_folders.find(folder);
-        if (known == m_folders.end())
-            known = m_folders.emplace(folder, realPath(folder)).first;
-        return known->second + path.substr(slash);
-    }
-
-private:
-    static std::string realPath(const std::string &path)
-    {
-        const Handle<char, std::free> real(realpath(path.c_str(), nullptr));
-        return real == nullptr ? path : std::string(real.get());
-    }
-
-    std::unordered_map<std::string, std::string> m_folders;
 };
 
 std::optional<DescriptorCache::Stamp> readStamp(const std::string &path)
@@ -67,65 +36,6 @@ std::optional<DescriptorCache::Stamp> readStamp(const std::string &path)
         return std::nullopt;
     return DescriptorCache::Stamp{std::int64_t{status.st_mtim.tv_sec} * 1'000'000'000 + status.st_mtim.tv_nsec,
                                   static_cast<std::uint64_t>(status.st_size)};
-}
-
-struct SystemFiles {
-    std::map<std::string, std::set<std::uint32_t>>
-        offered;                   // by resolved path, the faces that fontconfig's rules let through
-    std::set<std::string> refused; // resolved
-};
-
-bool hasFontExtension(const std::filesystem::path &path)
-{
-    static const std::set<std::string> kExtensions{".otf", ".ttf", ".ttc", ".otc", ".dfont", ".woff", ".woff2"};
-    return kExtensions.contains(lowercased(path.extension().string()));
-}
-
-// Font files of a folder that are not among `offered`. Subfolders are folders of fontconfig's own.
-std::vector<std::string> refusedFiles(const char *folder,
-                                      const std::map<std::string, std::string, std::less<>> &offered)
-{
-    std::vector<std::string> refused;
-    std::error_code error;
-    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error)) {
-        const std::string &path = entry->path().native();
-        if (hasFontExtension(path) && entry->path().filename().native().front() != '.' && !offered.contains(path))
-            refused.push_back(path);
-    }
-    return refused;
-}
-
-SystemFiles readSystemFiles()
-{
-    SystemFiles files;
-    const Handle<FcConfig, FcConfigDestroy> config(FcInitLoadConfigAndFonts());
-    if (config == nullptr)
-        return files;
-    const FcFontSet *fonts = FcConfigGetFonts(config.get(), FcSetSystem);
-    LinkResolver links;
-    std::map<std::string, std::string, std::less<>> resolvedPaths;
-    for (int i = 0; fonts != nullptr && i < fonts->nfont; ++i) {
-        FcChar8 *file = nullptr;
-        int index = 0;
-        if (FcPatternGetString(fonts->fonts[i], FC_FILE, 0, &file) != FcResultMatch ||
-            FcPatternGetInteger(fonts->fonts[i], FC_INDEX, 0, &index) != FcResultMatch)
-            continue;
-        const std::string_view path(reinterpret_cast<const char *>(file));
-        auto known = resolvedPaths.find(path);
-        if (known == resolvedPaths.end())
-            known = resolvedPaths.emplace(path, links.resolve(std::string(path))).first;
-        files.offered[known->second].insert(static_cast<std::uint32_t>(index) & 0xFFFF); // the upper half: an instance
-    }
-
-    const Handle<FcStrList, FcStrListDone> folders(FcConfigGetFontDirs(config.get()));
-    for (const FcChar8 *folder = nullptr; folders != nullptr && (folder = FcStrListNext(folders.get())) != nullptr;) {
-        for (const std::string &path : refusedFiles(reinterpret_cast<const char *>(folder), resolvedPaths)) {
-            if (std::string file = links.resolve(path); !files.offered.contains(file))
-                files.refused.insert(std::move(file));
-        }
-    }
-    return files;
 }
 
 // What may pass on its own (a lock, a permission, a failing disk) is asked again the next time.
@@ -184,6 +94,15 @@ FontconfigCatalog::FontconfigCatalog(std::shared_ptr<const ProcessFonts> process
 
 FontconfigCatalog::~FontconfigCatalog() = default;
 
+void FontconfigCatalog::leaveOut(const FontDescriptor &font, FontError reason) const
+{
+    const std::lock_guard lock(m_implementation->mutex);
+    if (!m_implementation->cache)
+        m_implementation->cache.emplace(m_implementation->cacheFile);
+    m_implementation->cache->leaveOut(font, reason);
+    m_implementation->cache->save();
+}
+
 FontCatalog::Listing FontconfigCatalog::availableFonts(Duplicates duplicates) const
 {
     const std::lock_guard lock(m_implementation->mutex);
@@ -202,21 +121,20 @@ std::vector<WantedFile> FontconfigCatalog::Implementation::wantedFiles() const
 {
     std::vector<WantedFile> files;
     std::unordered_set<std::string> known;
+    const auto want = [&](WantedFile file) {
+        if (known.insert(file.path).second)
+            files.push_back(std::move(file));
+    };
     LinkResolver links;
-    for (const std::string &path : processFonts->paths()) {
-        std::string file = links.resolve(path);
-        if (known.insert(file).second)
-            files.push_back({.path = std::move(file)});
-    }
-    SystemFiles system = readSystemFiles();
-    for (auto &[path, faces] : system.offered) {
-        if (!known.contains(path))
-            files.push_back({.path = path, .faces = std::move(faces)});
-    }
-    for (const std::string &path : system.refused) {
-        if (!known.contains(path))
-            files.push_back({.path = path, .isOffered = false});
-    }
+    for (const std::string &path : processFonts->paths())
+        want({.path = links.resolve(path)});
+    SystemFontFiles system = readSystemFontFiles();
+    for (auto &[path, faces] : system.offered)
+        want({.path = path, .faces = std::move(faces)});
+    for (const std::string &path : system.refused)
+        want({.path = path, .isOffered = false});
+    for (const std::string &path : system.pipes)
+        want({.path = path, .isOffered = false, .isPipe = true});
     return files;
 }
 
@@ -226,6 +144,10 @@ void FontconfigCatalog::Implementation::fill(std::vector<WantedFile> &files)
         cache.emplace(cacheFile);
     std::vector<WantedFile *> unknown;
     for (WantedFile &file : files) {
+        if (file.isPipe) {
+            file.listing.skipped.push_back({file.path, FontError::BlocksReaders});
+            continue;
+        }
         file.stamp = readStamp(file.path);
         const FontCatalog::Listing *listing = file.stamp ? cache->find(file.path, *file.stamp) : nullptr;
         if (listing != nullptr)

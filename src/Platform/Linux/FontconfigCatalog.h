@@ -21,6 +21,7 @@ public:
     ~FontconfigCatalog() override;
 
     Listing availableFonts(Duplicates duplicates) const override;
+    void leaveOut(const FontDescriptor &font, FontError reason) const override;
 
 private:
     struct Implementation;

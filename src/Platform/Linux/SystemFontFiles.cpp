@@ -1,0 +1,107 @@
+#include "Platform/Linux/SystemFontFiles.h"
+
+#include "Platform/Linux/LinkResolver.h"
+#include "Support/Handle.h"
+#include "Support/Text.h"
+
+#include <fontconfig/fontconfig.h>
+
+#include <filesystem>
+#include <string_view>
+#include <system_error>
+#include <unordered_map>
+#include <utility>
+
+namespace kerlune {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+bool hasFontExtension(const fs::path &path)
+{
+    static const std::set<std::string> kExtensions{".otf", ".ttf", ".ttc", ".otc", ".dfont", ".woff", ".woff2"};
+    return kExtensions.contains(lowercased(path.extension().string()));
+}
+
+// Looks through folders as fontconfig does: hidden names are left out, links are followed, each folder is entered once.
+class FolderWalk final {
+public:
+    void enter(const fs::path &folder)
+    {
+        std::error_code error;
+        if (const fs::path real = fs::canonical(folder, error); error || !m_entered.insert(real).second)
+            return;
+        for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error))
+            visit(*entry);
+    }
+
+    std::vector<std::string> fontFiles; // by their names
+    std::vector<std::string> pipes;
+
+private:
+    void visit(const fs::directory_entry &entry)
+    {
+        std::error_code error; // what cannot be looked at is neither folder nor pipe
+        if (entry.path().filename().native().front() == '.')
+            return;
+        if (entry.is_directory(error))
+            enter(entry.path());
+        else if (entry.is_fifo(error))
+            pipes.push_back(entry.path().native());
+        else if (hasFontExtension(entry.path()))
+            fontFiles.push_back(entry.path().native());
+    }
+
+    std::set<fs::path> m_entered;
+};
+
+FolderWalk walkFontFolders(FcConfig *config)
+{
+    FolderWalk walk;
+    const Handle<FcStrList, FcStrListDone> folders(FcConfigGetFontDirs(config));
+    for (const FcChar8 *folder = nullptr; folders != nullptr && (folder = FcStrListNext(folders.get())) != nullptr;)
+        walk.enter(reinterpret_cast<const char *>(folder));
+    return walk;
+}
+
+} // namespace
+
+SystemFontFiles readSystemFontFiles()
+{
+    SystemFontFiles files;
+    const Handle<FcConfig, FcConfigDestroy> config(FcInitLoadConfig());
+    if (config == nullptr)
+        return files;
+    FolderWalk walk = walkFontFolders(config.get());
+    if (!walk.pipes.empty()) {
+        files.pipes = std::move(walk.pipes);
+        return files;
+    }
+
+    FcConfigBuildFonts(config.get());
+    const FcFontSet *fonts = FcConfigGetFonts(config.get(), FcSetSystem);
+    LinkResolver links;
+    std::unordered_map<std::string, std::string> resolved;
+    for (int i = 0; fonts != nullptr && i < fonts->nfont; ++i) {
+        FcChar8 *file = nullptr;
+        int index = 0;
+        if (FcPatternGetString(fonts->fonts[i], FC_FILE, 0, &file) != FcResultMatch ||
+            FcPatternGetInteger(fonts->fonts[i], FC_INDEX, 0, &index) != FcResultMatch)
+            continue;
+        const std::string path(reinterpret_cast<const char *>(file));
+        auto known = resolved.find(path);
+        if (known == resolved.end())
+            known = resolved.emplace(path, links.resolve(path)).first;
+        files.offered[known->second].insert(static_cast<std::uint32_t>(index) & 0xFFFF); // the upper half: an instance
+    }
+    for (const std::string &path : walk.fontFiles) {
+        if (resolved.contains(path))
+            continue;
+        if (std::string file = links.resolve(path); !files.offered.contains(file))
+            files.refused.insert(std::move(file));
+    }
+    return files;
+}
+
+} // namespace kerlune

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace kerlune {
+
+// What fontconfig makes of its font folders. All paths but those of pipes are resolved.
+struct SystemFontFiles {
+    std::map<std::string, std::set<std::uint32_t>> offered; // the faces of each file that its rules let through
+    std::set<std::string> refused;                          // font files in its folders that it does not offer
+    std::vector<std::string> pipes; // when there is one, fontconfig was not asked: it would wait for a writer
+};
+
+// Thread: any. Blocks while fontconfig brings its caches up to date.
+SystemFontFiles readSystemFontFiles();
+
+} // namespace kerlune
