@@ -25,8 +25,11 @@ FreeTypeMemory::FreeTypeMemory()
 
 FreeTypeMemory::~FreeTypeMemory()
 {
-    while (m_blocks.next != &m_blocks)
-        release(m_record.get(), m_blocks.next + 1);
+    for (Header *block = m_blocks.next; block != &m_blocks;) {
+        Header *next = block->next;
+        std::free(block);
+        block = next;
+    }
 }
 
 void *FreeTypeMemory::allocate(FT_Memory memory, long size)
