@@ -96,13 +96,12 @@ int runIndexCommand(const CommandContext &context, OutputFormat format)
     const FontIndexer::Index index = readFonts(context.catalog);
     if (format == OutputFormat::Text)
         reportSkipped(index.skipped);
-    bool isSaved = false;
-    if (index.records.empty())
+    if (index.records.empty()) {
         reportNoFonts(index.skipped);
-    else if (const auto saved = store->replaceAll(index.records); !saved)
+    } else if (const auto saved = store->replaceAll(index.records); !saved) {
         reportStoreError(saved.error(), context.directories);
-    else
-        isSaved = true;
+        return kFailed;
+    }
 
     const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
     const Summary summary{static_cast<std::int64_t>(index.records.size()),
@@ -110,9 +109,9 @@ int runIndexCommand(const CommandContext &context, OutputFormat format)
                           elapsed.count()};
     if (format == OutputFormat::Json)
         printJson(summary, index.skipped);
-    else if (isSaved)
+    else if (!index.records.empty())
         printText(summary);
-    return isSaved ? kDone : kFailed;
+    return index.records.empty() ? kFailed : kDone;
 }
 
 } // namespace kerlune
