@@ -90,49 +90,45 @@ void readStore(benchmark::State &state)
     }
 }
 
-// Steps through the rows and takes nothing from them.
-void readBare(benchmark::State &state)
+template <typename TakeRow>
+void stepThroughRows(benchmark::State &state, TakeRow &&takeRow)
 {
     const auto path = filledDatabase();
     for (auto _ : state) {
         sqlite3 *connection = openBare(path);
         sqlite3_stmt *select = nullptr;
         sqlite3_prepare_v2(connection, "SELECT * FROM fonts;", -1, &select, nullptr);
-        int rows = 0;
         while (sqlite3_step(select) == SQLITE_ROW)
-            ++rows;
-        benchmark::DoNotOptimize(rows);
+            takeRow(select);
         sqlite3_finalize(select);
         sqlite3_close(connection);
     }
 }
 
-// The same, and takes every value as it is stored: what reading a record needs at the least.
+// Takes nothing from the rows.
+void readBare(benchmark::State &state)
+{
+    stepThroughRows(state, [](sqlite3_stmt *select) { benchmark::DoNotOptimize(select); });
+}
+
+// Takes every value as it is stored: what reading a record needs at the least.
 void readBareValues(benchmark::State &state)
 {
-    const auto path = filledDatabase();
-    for (auto _ : state) {
-        sqlite3 *connection = openBare(path);
-        sqlite3_stmt *select = nullptr;
-        sqlite3_prepare_v2(connection, "SELECT * FROM fonts;", -1, &select, nullptr);
-        while (sqlite3_step(select) == SQLITE_ROW) {
-            for (int column = 0; column < sqlite3_column_count(select); ++column) {
-                switch (sqlite3_column_type(select, column)) {
-                case SQLITE_TEXT:
-                    benchmark::DoNotOptimize(sqlite3_column_text(select, column));
-                    benchmark::DoNotOptimize(sqlite3_column_bytes(select, column));
-                    break;
-                case SQLITE_INTEGER:
-                    benchmark::DoNotOptimize(sqlite3_column_int64(select, column));
-                    break;
-                default:
-                    benchmark::DoNotOptimize(sqlite3_column_double(select, column));
-                }
+    stepThroughRows(state, [](sqlite3_stmt *select) {
+        for (int column = 0; column < sqlite3_column_count(select); ++column) {
+            switch (sqlite3_column_type(select, column)) {
+            case SQLITE_TEXT:
+                benchmark::DoNotOptimize(sqlite3_column_text(select, column));
+                benchmark::DoNotOptimize(sqlite3_column_bytes(select, column));
+                break;
+            case SQLITE_INTEGER:
+                benchmark::DoNotOptimize(sqlite3_column_int64(select, column));
+                break;
+            default:
+                benchmark::DoNotOptimize(sqlite3_column_double(select, column));
             }
         }
-        sqlite3_finalize(select);
-        sqlite3_close(connection);
-    }
+    });
 }
 
 void writeStore(benchmark::State &state)

@@ -26,6 +26,7 @@ using Slot = tl::expected<FontRecordPointer, FontError>;
 
 constexpr std::int64_t kProgressStep = 128;
 constexpr std::chrono::seconds kMostTimeForAFace{2};
+constexpr std::chrono::seconds kMostTimeForAFile{10}; // a thousand slow instances would take half an hour
 
 Extraction extractFace(const std::shared_ptr<const FontFace> &face, std::uint64_t scriptMask)
 {
@@ -72,8 +73,11 @@ public:
     Extraction read(const FontDescriptor &descriptor)
     {
         const CpuStopwatch stopwatch;
-        Extraction record =
-            open(descriptor).and_then([&](const auto &face) { return extractFace(face, m_scriptMask); });
+        const auto face = open(descriptor);
+        if (m_spent > kMostTimeForAFile)
+            return tl::unexpected(FontError::TooCostly);
+        Extraction record = face.and_then([&](const auto &open) { return extractFace(open, m_scriptMask); });
+        m_spent += stopwatch.elapsed();
         if (stopwatch.elapsed() > kMostTimeForAFace)
             return tl::unexpected(FontError::TooCostly);
         return record;
@@ -84,6 +88,7 @@ private:
     {
         if (m_file == nullptr || m_file->path() != descriptor.path) {
             m_face.reset();
+            m_spent = {};
             auto file = FontFile::open(descriptor.path);
             if (!file)
                 return tl::unexpected(file.error());
@@ -102,6 +107,7 @@ private:
     std::shared_ptr<const FontFile> m_file;
     std::shared_ptr<const FontFace> m_face; // the default instance of the last one
     std::uint64_t m_scriptMask = 0;         // of m_face
+    std::chrono::nanoseconds m_spent{};     // on the faces of m_file so far
 };
 
 } // namespace
@@ -138,6 +144,7 @@ FontIndexer::Index FontIndexer::buildIndex(const ProgressHandler &onProgress) co
     });
 
     Index index{{}, std::move(available.skipped)};
+    std::vector<FontDescriptor> costly;
     for (std::size_t i = 0; i < fonts.size(); ++i) {
         if (slots[i]) {
             index.records.push_back(*std::move(slots[i]));
@@ -146,8 +153,10 @@ FontIndexer::Index FontIndexer::buildIndex(const ProgressHandler &onProgress) co
         index.skipped.push_back({fonts[i].path, slots[i].error()});
         // What passes by itself, such as a file that is just being replaced, is tried again the next time.
         if (slots[i].error() == FontError::TooCostly)
-            m_catalog.leaveOut(fonts[i], FontError::TooCostly);
+            costly.push_back(fonts[i]);
     }
+    if (!costly.empty())
+        m_catalog.leaveOut(costly, FontError::TooCostly);
     return index;
 }
 

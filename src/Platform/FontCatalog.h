@@ -4,6 +4,7 @@
 #include "Platform/FontFile.h"
 
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -43,8 +44,8 @@ public:
     // that the system itself does not offer.
     virtual Listing availableFonts(Duplicates duplicates) const = 0;
 
-    // Offers a face no longer, until its file changes: it turned out that it cannot be indexed.
-    virtual void leaveOut(const FontDescriptor &font, FontError reason) const = 0;
+    // Offers these faces no longer, until their files change: it turned out that they cannot be indexed.
+    virtual void leaveOut(std::span<const FontDescriptor> fonts, FontError reason) const = 0;
 
     // The face on offer with that PostScript name, or else with one that differs only in case.
     std::optional<FontDescriptor> findFont(const std::string &postScriptName) const;

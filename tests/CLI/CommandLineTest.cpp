@@ -54,6 +54,18 @@ protected:
                 readFile(m_home / "messages")};
     }
 
+    // `kerlune index` in a process of its own, not waited for.
+    static pid_t startIndexing()
+    {
+        const pid_t child = fork();
+        if (child == 0) {
+            freopen("/dev/null", "w", stdout);
+            execl(KERLUNE_PROGRAM, "kerlune", "index", nullptr);
+            _exit(127);
+        }
+        return child;
+    }
+
     json faces() const
     {
         const Result result = run("faces --json");
@@ -221,12 +233,7 @@ TEST_F(CommandLineTest, LeavesTheIndexWholeWhenKilledAtAnyMoment)
     ASSERT_EQ(run("index").status, 0);
     const json before = faces();
     for (int moment = 0; moment < 40; ++moment) {
-        const pid_t child = fork();
-        if (child == 0) {
-            freopen("/dev/null", "w", stdout);
-            execl(KERLUNE_PROGRAM, "kerlune", "index", nullptr);
-            _exit(127);
-        }
+        const pid_t child = startIndexing();
         std::this_thread::sleep_for(std::chrono::microseconds(700 * moment));
         kill(child, SIGKILL);
         waitpid(child, nullptr, 0);
@@ -239,19 +246,12 @@ TEST_F(CommandLineTest, SharesTheIndexWithOtherProcesses)
 {
     offer("plain.ttf");
     std::vector<pid_t> children;
-    for (int i = 0; i < 8; ++i) {
-        const pid_t child = fork();
-        if (child == 0) {
-            freopen("/dev/null", "w", stdout);
-            execl(KERLUNE_PROGRAM, "kerlune", "index", nullptr);
-            _exit(127);
-        }
-        children.push_back(child);
-    }
+    for (int i = 0; i < 8; ++i)
+        children.push_back(startIndexing());
     for (const pid_t child : children) {
         int status = 0;
         waitpid(child, &status, 0);
-        EXPECT_EQ(WEXITSTATUS(status), 0);
+        EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
     }
     EXPECT_EQ(faces().size(), 1U);
 }

@@ -156,7 +156,7 @@ TEST_F(FontCatalogTest, ForgetsAFaceThatCouldNotBeIndexed)
     offer("two-a.ttf", "a.ttf");
     offer("two-b.ttf", "b.ttf");
     const FontDescriptor costly = m_catalog.availableFonts(Duplicates::Remove).fonts.at(0);
-    m_catalog.leaveOut(costly, FontError::TooCostly);
+    m_catalog.leaveOut(std::span(&costly, 1), FontError::TooCostly);
     const FontconfigCatalog next(m_processFonts, cacheFile());
     for (const FontCatalog *catalog : std::initializer_list<const FontCatalog *>{&m_catalog, &next}) {
         const auto listing = catalog->availableFonts(Duplicates::Remove);

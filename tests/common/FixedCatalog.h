@@ -24,9 +24,7 @@ public:
         return all;
     }
 
-    void leaveOut(const FontDescriptor &font, FontError) const override { leftOut.push_back(font.postScriptName); }
-
-    mutable std::vector<std::string> leftOut;
+    void leaveOut(std::span<const FontDescriptor>, FontError) const override {}
 
 private:
     std::vector<std::string> m_paths;

@@ -94,12 +94,13 @@ FontconfigCatalog::FontconfigCatalog(std::shared_ptr<const ProcessFonts> process
 
 FontconfigCatalog::~FontconfigCatalog() = default;
 
-void FontconfigCatalog::leaveOut(const FontDescriptor &font, FontError reason) const
+void FontconfigCatalog::leaveOut(std::span<const FontDescriptor> fonts, FontError reason) const
 {
     const std::lock_guard lock(m_implementation->mutex);
     if (!m_implementation->cache)
         m_implementation->cache.emplace(m_implementation->cacheFile);
-    m_implementation->cache->leaveOut(font, reason);
+    for (const FontDescriptor &font : fonts)
+        m_implementation->cache->leaveOut(font, reason);
     m_implementation->cache->save();
 }
 

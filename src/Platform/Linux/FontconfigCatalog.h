@@ -21,7 +21,7 @@ public:
     ~FontconfigCatalog() override;
 
     Listing availableFonts(Duplicates duplicates) const override;
-    void leaveOut(const FontDescriptor &font, FontError reason) const override;
+    void leaveOut(std::span<const FontDescriptor> fonts, FontError reason) const override;
 
 private:
     struct Implementation;

@@ -26,8 +26,6 @@ public:
     void watchSystemFolders();
 
 private:
-    void watchNewFolders();
-
     std::shared_ptr<ProcessFonts> m_processFonts;
     QFileSystemWatcher m_watcher;
 };

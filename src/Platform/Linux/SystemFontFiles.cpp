@@ -30,12 +30,13 @@ public:
     void enter(const fs::path &folder)
     {
         std::error_code error;
-        if (const fs::path real = fs::canonical(folder, error); error || !m_entered.insert(real).second)
+        if (const fs::path real = fs::canonical(folder, error); error || !folders.insert(real.native()).second)
             return;
         for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error))
             visit(*entry);
     }
 
+    std::set<std::string> folders;      // those entered, resolved
     std::vector<std::string> fontFiles; // by their names
     std::vector<std::string> pipes;
 
@@ -52,8 +53,6 @@ private:
         else if (hasFontExtension(entry.path()))
             fontFiles.push_back(entry.path().native());
     }
-
-    std::set<fs::path> m_entered;
 };
 
 FolderWalk walkFontFolders(FcConfig *config)
@@ -66,6 +65,15 @@ FolderWalk walkFontFolders(FcConfig *config)
 }
 
 } // namespace
+
+std::vector<std::string> systemFontFolders()
+{
+    const Handle<FcConfig, FcConfigDestroy> config(FcInitLoadConfig());
+    if (config == nullptr)
+        return {};
+    const FolderWalk walk = walkFontFolders(config.get());
+    return {walk.folders.begin(), walk.folders.end()};
+}
 
 SystemFontFiles readSystemFontFiles()
 {
