@@ -1,5 +1,7 @@
 find_package(PkgConfig REQUIRED)
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Concurrent Core)
+find_package(QCoro6 REQUIRED COMPONENTS Core)
+find_package(OpenSSL 3.0 REQUIRED COMPONENTS Crypto)
 find_package(ICU REQUIRED COMPONENTS i18n uc)
 find_package(TBB REQUIRED)
 find_package(nlohmann_json 3.11 REQUIRED)

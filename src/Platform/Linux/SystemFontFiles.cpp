@@ -1,8 +1,8 @@
 #include "Platform/Linux/SystemFontFiles.h"
 
+#include "Platform/FontFileNames.h"
 #include "Platform/Linux/LinkResolver.h"
 #include "Support/Handle.h"
-#include "Support/Text.h"
 
 #include <fontconfig/fontconfig.h>
 
@@ -17,12 +17,6 @@ namespace kerlune {
 namespace {
 
 namespace fs = std::filesystem;
-
-bool hasFontExtension(const fs::path &path)
-{
-    static const std::set<std::string> kExtensions{".otf", ".ttf", ".ttc", ".otc", ".dfont", ".woff", ".woff2"};
-    return kExtensions.contains(lowercased(path.extension().string()));
-}
 
 // Looks through folders as fontconfig does: hidden names are left out, links are followed, each folder is entered once.
 class FolderWalk final {
@@ -50,7 +44,7 @@ private:
             enter(entry.path());
         else if (entry.is_fifo(error))
             pipes.push_back(entry.path().native());
-        else if (hasFontExtension(entry.path()))
+        else if (hasFontName(entry.path().native()))
             fontFiles.push_back(entry.path().native());
     }
 };
