@@ -46,7 +46,7 @@ FontCatalog::Listing read(QDataStream &stream, const std::string &path)
     for (quint32 i = 0; i < count && stream.status() == QDataStream::Ok; ++i) {
         quint8 reason = 0;
         stream >> reason;
-        if (reason > static_cast<quint8>(FontError::BlocksReaders))
+        if (reason > static_cast<quint8>(FontError::NameTooLong))
             stream.setStatus(QDataStream::ReadCorruptData);
         listing.skipped.push_back({path, static_cast<FontError>(reason)});
     }

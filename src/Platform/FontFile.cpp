@@ -31,6 +31,8 @@ FontError errorForErrno(int code)
     case EACCES:
     case EPERM:
         return FontError::PermissionDenied;
+    case ENAMETOOLONG:
+        return FontError::NameTooLong;
     case ENXIO:
         return FontError::NotAFile;
     default:
@@ -174,6 +176,8 @@ std::string describe(FontError error)
         return localized("pas un fichier");
     case FontError::Unreadable:
         return localized("erreur de lecture");
+    case FontError::NameTooLong:
+        return localized("chemin trop long");
     case FontError::NotUtf8Path:
         return localized("nom de fichier qui n’est pas de l’UTF-8 valide");
     case FontError::UnknownFormat:

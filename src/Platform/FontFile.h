@@ -28,6 +28,7 @@ enum class FontError {
     TooCostly,       // reading it took longer than a face may
     RefusedBySystem, // readable, but the system does not offer it
     BlocksReaders,   // a pipe in a font folder: the system's own scan would wait for a writer
+    NameTooLong,     // the path is longer than the system takes
 };
 
 // What the error means, for the user.

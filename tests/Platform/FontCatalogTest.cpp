@@ -1,5 +1,6 @@
 #include "Platform/FontCatalog.h"
 
+#include "Events.h"
 #include "FontconfigFile.h"
 #include "Platform/DescriptorCache.h"
 #include "Platform/Directories.h"
@@ -10,9 +11,6 @@
 #include "TestFonts.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
-#include <QEventLoop>
-#include <QTimer>
 #include <gmock/gmock.h>
 
 #include <chrono>
@@ -58,7 +56,7 @@ TEST_F(FontCatalogTest, OffersRegisteredFilesThenTheSystemsByPathFaceAndInstance
     EXPECT_THAT(names(), ElementsAre("EssaiCollection-Regular", "EssaiCollection-Bold", "EssaiVariable-Regular",
                                      "EssaiVariable-Gras", "EssaiVariable-CondensedLight", "EssaiVariable-Slanted"));
 
-    LinuxFontRegistry registry(m_processFonts);
+    LinuxFontRegistry registry(m_processFonts, m_home / "links");
     int changes = 0;
     QObject::connect(&registry, &FontRegistry::registeredFontsChanged, &registry, [&] { ++changes; });
     const std::vector<std::string> files{testFont("plain.ttf"), testFont("family-9.ttf"), fonts() / "a.ttc"};
@@ -189,25 +187,18 @@ TEST_F(FontCatalogTest, TellsWhenAFontFolderChanges)
 {
     int argc = 0;
     const QCoreApplication application(argc, nullptr);
-    LinuxFontRegistry registry(m_processFonts);
+    LinuxFontRegistry registry(m_processFonts, fonts() / "links");
+    int changes = 0;
+    QObject::connect(&registry, &FontRegistry::registeredFontsChanged, &registry, [&] { ++changes; });
     registry.watchSystemFolders();
-    const auto waitForChange = [&](const std::function<void()> &change) {
-        bool changed = false;
-        QEventLoop loop;
-        const auto connection = QObject::connect(&registry, &FontRegistry::registeredFontsChanged, &loop, [&] {
-            changed = true;
-            loop.quit();
-        });
-        QTimer::singleShot(10'000, &loop, &QEventLoop::quit);
-        change();
-        loop.exec();
-        QObject::disconnect(connection);
-        return changed;
-    };
-    EXPECT_TRUE(waitForChange([&] { offer("plain.ttf", "new.ttf"); }));
-    EXPECT_TRUE(waitForChange([&] { fs::create_directory(fonts() / "sub"); }));
-    EXPECT_TRUE(waitForChange([&] { offer("italic.ttf", "sub/new.ttf"); })); // a folder made since
-    EXPECT_TRUE(waitForChange([&] { fs::remove(fonts() / "new.ttf"); }));
+    offer("plain.ttf", "new.ttf");
+    ASSERT_TRUE(waitUntil([&] { return changes > 0; }));
+
+    changes = 0;
+    auto registered = registry.registerPersistently({testFont("italic.ttf"), m_home / "missing.ttf"});
+    ASSERT_TRUE(waitUntil([&] { return registered.isFinished() && changes > 0; }));
+    EXPECT_EQ(registered.result().size(), 1U);
+    EXPECT_EQ(names().size(), 2U);
 }
 
 TEST(Directories, FollowTheXdgBaseDirectories)

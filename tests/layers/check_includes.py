@@ -23,7 +23,12 @@ MAY_INCLUDE["App"] = MAY_INCLUDE["UI"] | {"UI", "CLI"}
 
 WITHOUT_QT = {"Model", "Store"}
 # Headers of Platform that are not plain C++.
-QT_HEADERS = {"Platform/FontRegistry.h", "Platform/Linux/LinuxFontRegistry.h"}
+QT_HEADERS = {
+    "Platform/FileEventStream.h",
+    "Platform/FontRegistry.h",
+    "Platform/Linux/InotifyEventStream.h",
+    "Platform/Linux/LinuxFontRegistry.h",
+}
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
 

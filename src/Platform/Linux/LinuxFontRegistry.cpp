@@ -1,23 +1,23 @@
 #include "Platform/Linux/LinuxFontRegistry.h"
 
+#include "Platform/Linux/FontLinks.h"
 #include "Platform/Linux/ProcessFonts.h"
 #include "Platform/Linux/SystemFontFiles.h"
 
-#include <QFile>
-#include <QSet>
+#include <QtConcurrentRun>
 
 #include <utility>
 
 namespace kerlune {
 
-LinuxFontRegistry::LinuxFontRegistry(std::shared_ptr<ProcessFonts> processFonts, QObject *parent)
+LinuxFontRegistry::LinuxFontRegistry(std::shared_ptr<ProcessFonts> processFonts,
+                                     const std::filesystem::path &linkFolder, QObject *parent)
     : FontRegistry(parent)
     , m_processFonts(std::move(processFonts))
+    , m_links(std::make_shared<FontLinks>(linkFolder))
+    , m_stream({.links = InotifyTree::Links::Follow}) // as fontconfig does
 {
-    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, [this] {
-        watchSystemFolders(); // the change may have brought a folder
-        Q_EMIT registeredFontsChanged();
-    });
+    connect(&m_stream, &FileEventStream::changed, this, &FontRegistry::registeredFontsChanged);
 }
 
 void LinuxFontRegistry::registerForProcess(std::span<const std::string> paths)
@@ -32,14 +32,31 @@ void LinuxFontRegistry::unregisterForProcess(std::span<const std::string> paths)
         Q_EMIT registeredFontsChanged();
 }
 
+QFuture<FontRegistry::Errors> LinuxFontRegistry::registerPersistently(std::vector<std::string> paths)
+{
+    auto errors = QtConcurrent::run([links = m_links, paths = std::move(paths)] { return links->add(paths); });
+    errors.then(this, [this](const QFuture<Errors> &) { Q_EMIT registeredFontsChanged(); });
+    return errors;
+}
+
+QFuture<FontRegistry::Errors> LinuxFontRegistry::unregisterPersistently(std::vector<std::string> paths)
+{
+    auto errors = QtConcurrent::run([links = m_links, paths = std::move(paths)] { return links->remove(paths); });
+    errors.then(this, [this](const QFuture<Errors> &) { Q_EMIT registeredFontsChanged(); });
+    return errors;
+}
+
+QFuture<std::vector<std::string>> LinuxFontRegistry::persistentlyRegistered() const
+{
+    return QtConcurrent::run([links = m_links] { return links->paths(); });
+}
+
 void LinuxFontRegistry::watchSystemFolders()
 {
-    const QStringList known = m_watcher.directories();
-    const QSet<QString> watched(known.begin(), known.end());
-    for (const std::string &folder : systemFontFolders()) {
-        if (const QString path = QFile::decodeName(folder.c_str()); !watched.contains(path))
-            m_watcher.addPath(path);
-    }
+    std::vector<FileEventStream::Tree> trees;
+    for (std::string &folder : systemFontFolders())
+        trees.push_back({std::move(folder), std::chrono::system_clock::now()});
+    m_stream.start(std::move(trees));
 }
 
 } // namespace kerlune

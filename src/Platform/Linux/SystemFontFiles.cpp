@@ -49,13 +49,14 @@ private:
     }
 };
 
-FolderWalk walkFontFolders(FcConfig *config)
+// Of a configuration that has not read its fonts yet: afterwards, fontconfig names the subfolders too.
+std::vector<std::string> configuredFolders(FcConfig *config)
 {
-    FolderWalk walk;
-    const Handle<FcStrList, FcStrListDone> folders(FcConfigGetFontDirs(config));
-    for (const FcChar8 *folder = nullptr; folders != nullptr && (folder = FcStrListNext(folders.get())) != nullptr;)
-        walk.enter(reinterpret_cast<const char *>(folder));
-    return walk;
+    std::vector<std::string> folders;
+    const Handle<FcStrList, FcStrListDone> list(FcConfigGetFontDirs(config));
+    for (const FcChar8 *folder = nullptr; list != nullptr && (folder = FcStrListNext(list.get())) != nullptr;)
+        folders.emplace_back(reinterpret_cast<const char *>(folder));
+    return folders;
 }
 
 } // namespace
@@ -63,10 +64,7 @@ FolderWalk walkFontFolders(FcConfig *config)
 std::vector<std::string> systemFontFolders()
 {
     const Handle<FcConfig, FcConfigDestroy> config(FcInitLoadConfig());
-    if (config == nullptr)
-        return {};
-    const FolderWalk walk = walkFontFolders(config.get());
-    return {walk.folders.begin(), walk.folders.end()};
+    return config == nullptr ? std::vector<std::string>() : configuredFolders(config.get());
 }
 
 SystemFontFiles readSystemFontFiles()
@@ -75,7 +73,9 @@ SystemFontFiles readSystemFontFiles()
     const Handle<FcConfig, FcConfigDestroy> config(FcInitLoadConfig());
     if (config == nullptr)
         return files;
-    FolderWalk walk = walkFontFolders(config.get());
+    FolderWalk walk;
+    for (const std::string &folder : configuredFolders(config.get()))
+        walk.enter(folder);
     if (!walk.pipes.empty()) {
         files.pipes = std::move(walk.pipes);
         return files;

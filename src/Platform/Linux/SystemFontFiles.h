@@ -18,7 +18,7 @@ struct SystemFontFiles {
 // Thread: any. Blocks while fontconfig brings its caches up to date.
 SystemFontFiles readSystemFontFiles();
 
-// The folders that fontconfig reads, with their subfolders, resolved. Missing ones are left out. Thread: any.
+// The folders that fontconfig is told to read, with all below them. Some may be missing. Thread: any.
 std::vector<std::string> systemFontFolders();
 
 } // namespace kerlune

@@ -1,0 +1,21 @@
+#include "Support/Sha256.h"
+
+#include <openssl/sha.h>
+
+#include <array>
+
+namespace kerlune {
+
+std::string sha256Hex(std::string_view bytes)
+{
+    std::array<unsigned char, SHA256_DIGEST_LENGTH> digest{};
+    SHA256(reinterpret_cast<const unsigned char *>(bytes.data()), bytes.size(), digest.data());
+    std::string hex;
+    for (const unsigned char byte : digest) {
+        hex += "0123456789abcdef"[byte >> 4];
+        hex += "0123456789abcdef"[byte & 15];
+    }
+    return hex;
+}
+
+} // namespace kerlune
