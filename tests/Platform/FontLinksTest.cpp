@@ -1,5 +1,6 @@
 #include "Platform/Linux/FontLinks.h"
 
+#include "FcList.h"
 #include "FontconfigFile.h"
 #include "TempFolder.h"
 #include "TestFonts.h"
@@ -8,9 +9,6 @@
 #include <sys/stat.h>
 
 #include <array>
-#include <cstdio>
-#include <fstream>
-#include <set>
 
 namespace kerlune {
 namespace {
@@ -41,21 +39,6 @@ protected:
         return path;
     }
 
-    // What another program sees.
-    static std::multiset<std::string> seenNames()
-    {
-        std::multiset<std::string> names;
-        FILE *const pipe = popen("fc-list : file postscriptname", "r");
-        std::array<char, 512> line{};
-        while (fgets(line.data(), line.size(), pipe) != nullptr) {
-            const std::string text(line.data());
-            if (const auto at = text.find('='); at != std::string::npos)
-                names.insert(text.substr(at + 1, text.find_first_of("\n,", at) - at - 1));
-        }
-        pclose(pipe);
-        return names;
-    }
-
     TempFolder m_home;
     FontLinks m_links{folder()};
 };
@@ -70,7 +53,7 @@ TEST_F(FontLinksTest, ShowsFontsToOtherProgramsUntilTheyAreRemoved)
                                          put("two-a.ttf", longName),
                                          put("collection.ttc", "no extension")};
     EXPECT_THAT(m_links.add(paths), IsEmpty());
-    EXPECT_THAT(seenNames(), SizeIs(7));
+    EXPECT_THAT(namesInFcList(), SizeIs(7));
     EXPECT_THAT(m_links.paths(), testing::UnorderedElementsAreArray(paths));
     EXPECT_THAT(m_links.add(paths), IsEmpty()); // again
     EXPECT_THAT(m_links.paths(), SizeIs(6));
@@ -79,9 +62,9 @@ TEST_F(FontLinksTest, ShowsFontsToOtherProgramsUntilTheyAreRemoved)
 
     fs::remove(paths[0]); // a file that has gone is still registered until it is removed
     EXPECT_THAT(m_links.remove(std::array{paths[0], paths[3], paths[5]}), IsEmpty());
-    EXPECT_THAT(seenNames(), SizeIs(3));
+    EXPECT_THAT(namesInFcList(), SizeIs(3));
     EXPECT_THAT(m_links.remove(paths), IsEmpty());
-    EXPECT_THAT(seenNames(), IsEmpty());
+    EXPECT_THAT(namesInFcList(), IsEmpty());
     EXPECT_TRUE(fs::exists(paths[1])); // the fonts themselves stay
 }
 
@@ -97,7 +80,7 @@ TEST_F(FontLinksTest, NeverTouchesWhatSomebodyElsePutThere)
     EXPECT_THAT(m_links.remove(std::array{ours, theirs}), IsEmpty());
     EXPECT_TRUE(fs::exists(folder() / "a.ttf"));
     EXPECT_TRUE(fs::is_symlink(folder() / "b.ttf"));
-    EXPECT_THAT(seenNames(), SizeIs(2));
+    EXPECT_THAT(namesInFcList(), SizeIs(2));
 }
 
 TEST_F(FontLinksTest, SaysWhyAFileIsNotRegistered)
@@ -132,7 +115,7 @@ TEST_F(FontLinksTest, RegistersThousandsAtOnce)
     for (int i = 0; i < 5'000; ++i)
         paths.push_back(put("plain.ttf", std::to_string(i % 50) + "/" + std::to_string(i) + ".ttf"));
     EXPECT_THAT(m_links.add(paths), IsEmpty());
-    EXPECT_THAT(seenNames(), SizeIs(5'000));
+    EXPECT_THAT(namesInFcList(), SizeIs(5'000));
     EXPECT_THAT(m_links.remove(paths), IsEmpty());
     EXPECT_THAT(m_links.paths(), IsEmpty());
 }

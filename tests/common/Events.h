@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QEventLoop>
+#include <QThreadPool>
 #include <QTimer>
 
 #include <functional>
@@ -21,6 +23,16 @@ inline bool waitUntil(const std::function<bool()> &condition)
     if (!condition())
         loop.exec();
     return condition();
+}
+
+// Lets coroutines that still wait for something come to their end.
+inline void finishBackgroundWork()
+{
+    for (int round = 0; round < 20; ++round) {
+        QThreadPool::globalInstance()->waitForDone();
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 }
 
 } // namespace kerlune

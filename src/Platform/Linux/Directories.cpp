@@ -37,7 +37,7 @@ std::filesystem::path folder(const char *variable, const char *belowHome)
 Directories Directories::fromEnvironment()
 {
     const auto data = folder("XDG_DATA_HOME", ".local/share");
-    return {data, data / kFolder, folder("XDG_CACHE_HOME", ".cache") / kFolder,
+    return {homeFolder(), data, data / kFolder, folder("XDG_CACHE_HOME", ".cache") / kFolder,
             folder("XDG_CONFIG_HOME", ".config") / kFolder};
 }
 
