@@ -12,7 +12,21 @@ namespace kerlune {
 
 namespace {
 
-using Command = std::function<int(const CommandContext &, OutputFormat)>;
+using Arguments = std::vector<std::string>;
+using Command = std::function<int(const CommandContext &, const Arguments &, OutputFormat)>;
+
+// What a command may be given besides its options, any number of times.
+struct Operands {
+    std::string name; // as the help shows it
+    std::string description;
+};
+
+// A command that is given nothing.
+Command alone(int (*run)(const CommandContext &, OutputFormat))
+{
+    return
+        [run](const CommandContext &context, const Arguments &, OutputFormat format) { return run(context, format); };
+}
 
 std::shared_ptr<CLI::Formatter> makeHelpFormatter()
 {
@@ -49,8 +63,8 @@ public:
         m_app.set_version_flag("--version", "kerlune " KERLUNE_VERSION, localized("Affiche la version."))
             ->group(optionsGroup());
         m_app.require_subcommand(0, 1);
-        add("index", localized("Relit toutes les polices disponibles et enregistre l’index."), runIndexCommand);
-        add("faces", localized("Affiche les polices de l’index."), runFacesCommand);
+        add("index", localized("Relit toutes les polices disponibles et enregistre l’index."), alone(runIndexCommand));
+        add("faces", localized("Affiche les polices de l’index."), alone(runFacesCommand));
     }
 
     int run(int argc, const char *const *argv, const CommandContext &context)
@@ -66,13 +80,15 @@ public:
         } catch (const CLI::ParseError &error) {
             return reportWrongUsage(usageMessage(m_app, error));
         }
-        return m_chosen ? finish(m_chosen(context, m_format)) : reportWrongUsage(localized("Il manque une commande."));
+        if (!m_chosen)
+            return reportWrongUsage(localized("Il manque une commande."));
+        return finish(m_chosen(context, m_arguments, m_format));
     }
 
 private:
     static std::string optionsGroup() { return localized("Options") + "\u00A0"; }
 
-    void add(const std::string &name, const std::string &description, Command command)
+    CLI::App *add(const std::string &name, const std::string &description, Command command)
     {
         CLI::App *subcommand = m_app.add_subcommand(name, description)->group(localized("Commandes") + "\u00A0");
         subcommand
@@ -80,6 +96,15 @@ private:
                 "--json", [this] { m_format = OutputFormat::Json; }, localized("Écrit le résultat en JSON."))
             ->group(optionsGroup());
         subcommand->callback([this, command = std::move(command)] { m_chosen = command; });
+        return subcommand;
+    }
+
+    void add(const std::string &name, const std::string &description, const Operands &operands, Command command)
+    {
+        add(name, description, std::move(command))
+            ->add_option(operands.name, m_arguments, operands.description)
+            ->allow_extra_args(false) // else « [a,b] » would be taken apart
+            ->group(localized("Arguments") + "\u00A0");
     }
 
     // A result that could not be written (a full disk, a closed pipe) is no result.
@@ -93,6 +118,7 @@ private:
     }
 
     CLI::App m_app;
+    Arguments m_arguments;
     OutputFormat m_format = OutputFormat::Text;
     Command m_chosen;
 };
