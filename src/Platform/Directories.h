@@ -15,4 +15,10 @@ struct Directories {
     static Directories fromEnvironment();
 };
 
+// Where fonts are installed. A folder need not exist.
+std::filesystem::path userFontsFolder(const Directories &directories);   // the user's own fonts
+std::filesystem::path sharedFontsFolder();                               // those that the administrator adds for all
+std::filesystem::path managedLibrary(const Directories &directories);    // the files that Kerlune keeps itself
+std::filesystem::path googleFontsFolder(const Directories &directories); // the fonts installed from Google Fonts
+
 } // namespace kerlune
