@@ -2,6 +2,9 @@
 
 #include "Platform/Directories.h"
 
+#include <string>
+#include <vector>
+
 namespace kerlune {
 
 class FontCatalog;
@@ -21,5 +24,6 @@ inline constexpr int kWrongUsage = 2;
 
 int runIndexCommand(const CommandContext &context, OutputFormat format);
 int runFacesCommand(const CommandContext &context, OutputFormat format);
+int runDuplicatesCommand(const CommandContext &context, const std::vector<std::string> &paths, OutputFormat format);
 
 } // namespace kerlune

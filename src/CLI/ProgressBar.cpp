@@ -2,9 +2,6 @@
 
 #include "Support/Localization.h"
 
-#include <unistd.h>
-
-#include <iostream>
 #include <utility>
 
 namespace kerlune {
@@ -12,35 +9,25 @@ namespace kerlune {
 namespace {
 
 constexpr std::int64_t kCells = 24;
-constexpr const char *kWipeLine = "\r\x1b[K"; // ECMA-48, erase in line
 
 } // namespace
 
 ProgressBar::ProgressBar(std::string label)
     : m_label(std::move(label))
-    , m_isTerminal(isatty(STDERR_FILENO) == 1)
 {
-    if (m_isTerminal)
-        std::cerr << kWipeLine << m_label << "…" << std::flush;
-}
-
-ProgressBar::~ProgressBar()
-{
-    if (m_isTerminal)
-        std::cerr << kWipeLine << std::flush;
+    m_line.show(m_label + "…");
 }
 
 void ProgressBar::show(std::int64_t done, std::int64_t total)
 {
     const std::lock_guard lock(m_mutex);
-    if (!m_isTerminal || done <= m_shown || total <= 0)
+    if (!m_line.isShown() || done <= m_shown || total <= 0)
         return;
     m_shown = done;
     std::string cells;
     for (std::int64_t i = 0; i < kCells; ++i)
         cells += i * total < done * kCells ? "▓" : "░";
-    std::cerr << kWipeLine << m_label << ' ' << groupedDigits(done) << " / " << groupedDigits(total) << ' ' << cells
-              << std::flush;
+    m_line.show(m_label + ' ' + groupedDigits(done) + " / " + groupedDigits(total) + ' ' + cells);
 }
 
 } // namespace kerlune

@@ -45,7 +45,7 @@ std::vector<std::string> systemFolders(const Directories &directories)
 {
     std::vector<std::string> folders{
         "/System/Library/Fonts",     "/Library/Fonts",         directories.home / "Library/Fonts",
-        "/usr/share/fonts",          "/usr/local/share/fonts", directories.userLibrary / "fonts",
+        "/usr/share/fonts",          "/usr/local/share/fonts", userFontsFolder(directories),
         directories.home / ".fonts",
     };
     const std::size_t count = folders.size();
@@ -97,8 +97,8 @@ FolderLibrary::FolderLibrary(ActivationManager &activation, FontRegistry &regist
     , m_stream(stream)
     , m_listFile(directories.applicationSupport / "watched-folders.json")
     , m_journalFile(directories.applicationSupport / "migration-manifest.json")
-    , m_managedLibrary(normalisedPath(directories.managedLibrary()))
-    , m_activationLinks(normalisedPath(directories.activationLinks()))
+    , m_managedLibrary(normalisedPath(managedLibrary(directories)))
+    , m_activationLinks(normalisedPath(activationLinksFolder(directories)))
     , m_systemFolders(systemFolders(directories))
     , m_rescan(rescanDelay, [this] { rescanAll(); })
 {

@@ -12,14 +12,16 @@ struct Directories {
     std::filesystem::path caches;             // what can be made again
     std::filesystem::path configuration;      // settings
 
-    // Below the user library: fonts that were moved into Kerlune's keeping, families installed from Google Fonts, and
-    // the links to active fonts, in a folder that every program's fonts come from.
-    std::filesystem::path managedLibrary() const { return userLibrary / "Kerlune/Library"; }
-    std::filesystem::path googleFonts() const { return userLibrary / "Kerlune/Google Fonts"; }
-    std::filesystem::path activationLinks() const { return userLibrary / "fonts/Kerlune"; }
-
     // From the environment; a variable that is unset, empty or not absolute takes its default below the home folder.
     static Directories fromEnvironment();
 };
+
+// Where fonts lie. A folder need not exist.
+std::filesystem::path userFontsFolder(const Directories &directories);   // the user's own fonts
+std::filesystem::path sharedFontsFolder();                               // those that the administrator adds for all
+std::filesystem::path managedLibrary(const Directories &directories);    // the files that Kerlune keeps itself
+std::filesystem::path googleFontsFolder(const Directories &directories); // the fonts installed from Google Fonts
+std::filesystem::path
+activationLinksFolder(const Directories &directories); // links to active fonts, in userFontsFolder
 
 } // namespace kerlune

@@ -10,10 +10,9 @@ namespace kerlune {
 
 namespace {
 
-constexpr std::chrono::seconds kMostTimeForAFile{2};
-
 tl::expected<void, FontError> appendFace(std::vector<FontDescriptor> &fonts,
-                                         const std::shared_ptr<const FontFile> &file, std::uint32_t faceIndex)
+                                         const std::shared_ptr<const FontFile> &file, std::uint32_t faceIndex,
+                                         std::chrono::nanoseconds mostTime)
 {
     const auto face = FontFace::open(file, faceIndex);
     if (!face)
@@ -21,7 +20,7 @@ tl::expected<void, FontError> appendFace(std::vector<FontDescriptor> &fonts,
     if (const auto usable = (*face)->checkUsable(); !usable)
         return usable;
     fonts.push_back({file->path(), faceIndex, 0, *(*face)->postScriptName()});
-    for (NamedInstance &instance : (*face)->otherInstances()) {
+    for (NamedInstance &instance : (*face)->otherInstances(mostTime)) {
         if (instance.postScriptName.front() != '.')
             fonts.push_back({file->path(), faceIndex, instance.index, std::move(instance.postScriptName)});
     }
@@ -62,11 +61,12 @@ FontCatalog::Listing fontsOfFile(const std::string &path)
     }
     const CpuStopwatch stopwatch;
     for (std::uint32_t i = 0; i < *count; ++i) {
-        if (stopwatch.elapsed() > kMostTimeForAFile) {
+        const auto timeLeft = FontFace::kMostTimeForFaces - stopwatch.elapsed();
+        if (timeLeft.count() < 0) {
             skip(FontError::TooCostly);
             break;
         }
-        if (const auto appended = appendFace(listing.fonts, *file, i); !appended)
+        if (const auto appended = appendFace(listing.fonts, *file, i, timeLeft); !appended)
             skip(appended.error());
     }
     return listing;

@@ -1,5 +1,6 @@
 #include "Platform/FontFace.h"
 
+#include "Support/CpuStopwatch.h"
 #include "Support/Handle.h"
 
 #include <hb-ot.h>
@@ -13,7 +14,8 @@ namespace kerlune {
 
 namespace {
 
-constexpr std::size_t kMostNameBytes = 1U << 20; // no offset of a 'name' table reaches further
+constexpr std::size_t kMostNameBytes = 1U << 20;         // no offset of a 'name' table reaches further
+constexpr std::size_t kMostInstanceNameBytes = 4U << 20; // 65,535 instances may share one name of 64 KiB
 
 // Hands a table to HarfBuzz, which keeps it as long as its face.
 hb_blob_t *referenceTable(hb_face_t *, hb_tag_t tableTag, void *tables)
@@ -186,13 +188,19 @@ std::uint32_t FontFace::glyphCount() const
     return readU16(tables().read(tag("maxp"), 6), 4).value_or(0);
 }
 
-std::vector<NamedInstance> FontFace::otherInstances() const
+std::vector<NamedInstance> FontFace::otherInstances(std::chrono::nanoseconds mostTime) const
 {
+    const CpuStopwatch stopwatch;
     std::vector<NamedInstance> instances;
+    std::size_t nameBytes = 0;
     const std::uint32_t count = isVariable() ? hb_ot_var_get_named_instance_count(harfBuzz()) : 0;
     for (std::uint32_t index = 1; index <= count; ++index) {
-        if (instanceCoordinates(index) != m_source->defaults)
-            instances.push_back({index, instancePostScriptName(index), instanceStyleName(index).value_or("")});
+        if (stopwatch.elapsed() > mostTime || nameBytes > kMostInstanceNameBytes)
+            break;
+        if (instanceCoordinates(index) == m_source->defaults)
+            continue;
+        instances.push_back({index, instancePostScriptName(index), instanceStyleName(index).value_or("")});
+        nameBytes += instances.back().postScriptName.size() + instances.back().styleName.size();
     }
     return instances;
 }

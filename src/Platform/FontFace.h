@@ -5,6 +5,7 @@
 #include "Platform/FontDescriptor.h"
 #include "Platform/NameTable.h"
 
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
@@ -35,6 +36,8 @@ struct NamedInstance {
 // numbers are kept, everything else is read when it is asked for.
 class FontFace final {
 public:
+    static constexpr std::chrono::seconds kMostTimeForFaces{2}; // listing the faces of one file, processor time
+
     // instanceIndex 0 is the default instance, n the n-th named instance of 'fvar'.
     static tl::expected<std::shared_ptr<const FontFace>, FontError>
     open(const std::shared_ptr<const FontFile> &file, std::uint32_t faceIndex, std::uint32_t instanceIndex = 0);
@@ -65,7 +68,9 @@ public:
     bool isVariable() const;
     // Where the face lies in its design space; empty for the default instance.
     const std::vector<AxisValue> &coordinates() const { return m_coordinates; }
-    std::vector<NamedInstance> otherInstances() const; // all but those at the default coordinates
+    // All but those at the default coordinates. After that much processor time, and after 4 MiB of names, the rest is
+    // left out.
+    std::vector<NamedInstance> otherInstances(std::chrono::nanoseconds mostTime = kMostTimeForFaces) const;
 
     // For shaping and measuring; reads through this face and must not outlive it.
     hb_face_t *harfBuzz() const;

@@ -10,6 +10,8 @@ namespace kerlune {
 
 namespace {
 
+constexpr std::size_t kMostInVain = 1U << 20; // bytes decoded for one name without finding it
+
 constexpr std::uint16_t kMacintosh = 1;
 constexpr std::uint16_t kWindows = 3;
 
@@ -49,9 +51,11 @@ std::optional<std::string> NameTable::find(NameId id) const
     const auto wanted = static_cast<std::uint16_t>(id);
     auto record = std::lower_bound(m_records.begin(), m_records.end(), wanted,
                                    [](const Record &r, std::uint16_t value) { return r.id < value; });
-    for (; record != m_records.end() && record->id == wanted; ++record) {
+    std::size_t inVain = 0;
+    for (; record != m_records.end() && record->id == wanted && inVain <= kMostInVain; ++record) {
         if (auto text = decode(*record); text && !text->empty())
             return text;
+        inVain += record->length;
     }
     return std::nullopt;
 }

@@ -23,7 +23,8 @@ enum class NameId : std::uint16_t {
 };
 
 // The strings of a face (OpenType 'name'). English (US) comes first, then whatever decodes, in the table's order.
-// A string that is empty or not valid in its encoding is passed over.
+// A string that is empty or not valid in its encoding is passed over; after 1 MiB of such strings a name counts as
+// absent.
 //
 // Thread: any.
 class NameTable final {

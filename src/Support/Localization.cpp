@@ -4,6 +4,7 @@
 #include <QString>
 
 #include <algorithm>
+#include <array>
 
 namespace kerlune {
 
@@ -65,6 +66,19 @@ std::string decimalDigits(double number)
     std::string digits = QString::number(number, 'f', 1).toStdString();
     digits.replace(digits.find('.'), 1, localized(",")); // the decimal mark
     return digits;
+}
+
+std::string displaySize(std::uint64_t bytes)
+{
+    if (bytes < 1000)
+        return localizedCount("%1\u00A0octet", "%1\u00A0octets", static_cast<std::int64_t>(bytes));
+    const std::array<std::string, 4> units{localized("%1\u00A0Ko"), localized("%1\u00A0Mo"), localized("%1\u00A0Go"),
+                                           localized("%1\u00A0To")};
+    std::size_t unit = 0;
+    double number = static_cast<double>(bytes) / 1000;
+    for (; number >= 999.95 && unit + 1 < units.size(); ++unit) // 999,95 would be shown as 1000,0
+        number /= 1000;
+    return withPlacesFilled(units[unit], {decimalDigits(number)});
 }
 
 } // namespace kerlune

@@ -27,4 +27,7 @@ std::string groupedDigits(std::int64_t number);
 // A number for display with one decimal after the language's own mark: 12,5.
 std::string decimalDigits(double number);
 
+// A number of bytes for display, in units of a thousand: 999 octets, 12,5 Ko, 3,0 Mo.
+std::string displaySize(std::uint64_t bytes);
+
 } // namespace kerlune

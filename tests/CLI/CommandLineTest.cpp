@@ -1,11 +1,8 @@
-#include "FontconfigFile.h"
+#include "CommandLineFixture.h"
 #include "Model/FontRecord.h"
 #include "Store/FontIndexStore.h"
-#include "TempFolder.h"
-#include "TestFonts.h"
 
 #include <gmock/gmock.h>
-#include <nlohmann/json.hpp>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -22,59 +19,17 @@ using nlohmann::json;
 using testing::HasSubstr;
 using testing::MatchesRegex;
 
-struct Result {
-    int status;
-    std::string output;
-    std::string messages;
-};
-
-// The program in a home of its own, with the fonts that a test puts there.
-class CommandLineTest : public testing::Test {
-protected:
-    CommandLineTest()
-    {
-        fs::create_directories(fonts());
-        setenv("XDG_DATA_HOME", (m_home / "data").c_str(), 1);
-        setenv("XDG_CACHE_HOME", (m_home / "cache").c_str(), 1);
-        setenv("XDG_CONFIG_HOME", (m_home / "config").c_str(), 1);
-        setenv("FONTCONFIG_FILE", writeFontconfigFile(m_home, {fonts()}).c_str(), 1);
+// `kerlune index` in a process of its own, not waited for.
+pid_t startIndexing()
+{
+    const pid_t child = fork();
+    if (child == 0) {
+        freopen("/dev/null", "w", stdout);
+        execl(KERLUNE_PROGRAM, "kerlune", "index", nullptr);
+        _exit(127);
     }
-
-    fs::path fonts() const { return m_home / "fonts"; }
-    fs::path database() const { return m_home / "data/Kerlune/index.sqlite"; }
-    void offer(const std::string &name) { fs::copy_file(testFont(name), fonts() / name); }
-
-    Result run(const std::string &arguments, const std::string &outputTo = {}) const
-    {
-        const std::string output = outputTo.empty() ? (m_home / "output").string() : outputTo;
-        const std::string command = std::string(KERLUNE_PROGRAM) + " " + arguments + " >" + output + " 2>" +
-                                    (m_home / "messages").string() + " </dev/null";
-        const int status = std::system(command.c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, outputTo.empty() ? readFile(output) : "",
-                readFile(m_home / "messages")};
-    }
-
-    // `kerlune index` in a process of its own, not waited for.
-    static pid_t startIndexing()
-    {
-        const pid_t child = fork();
-        if (child == 0) {
-            freopen("/dev/null", "w", stdout);
-            execl(KERLUNE_PROGRAM, "kerlune", "index", nullptr);
-            _exit(127);
-        }
-        return child;
-    }
-
-    json faces() const
-    {
-        const Result result = run("faces --json");
-        EXPECT_EQ(result.status, 0) << result.messages;
-        return json::parse(result.output);
-    }
-
-    TempFolder m_home;
-};
+    return child;
+}
 
 TEST_F(CommandLineTest, IndexesAndListsFaces)
 {

@@ -52,7 +52,7 @@ TEST_F(ActivationManagerTest, AsksTheSystemOnlyForWhatIsNew)
 {
     const std::string a = put("library/a.ttf");
     activate({a});
-    fs::remove_all(m_directories.activationLinks());
+    fs::remove_all(activationLinksFolder(m_directories));
     EXPECT_TRUE(activate({a}));
     EXPECT_THAT(linked(), IsEmpty());
 }
@@ -91,11 +91,11 @@ TEST_F(ActivationManagerTest, BringsFileAndRegistrationsInLineAtLaunch)
     const std::string kept = put("library/kept.ttf", "family-9.ttf");
     const std::string unsaved = put("library/unsaved.ttf", "family-10.ttf");
     activate({gone, lost, kept});
-    const FontLinks links(m_directories.activationLinks());
+    const FontLinks links(activationLinksFolder(m_directories));
     links.remove(std::array{lost}); // a process killed before it wrote its deactivation down
     links.add(std::array{unsaved}); // and one that activated
     fs::remove(gone);
-    writeFile(m_directories.activationLinks() / "hand-made.ttf", readFile(unsaved));
+    writeFile(activationLinksFolder(m_directories) / "hand-made.ttf", readFile(unsaved));
     EXPECT_THAT(afterLaunch(), ElementsAre(kept, lost));
     EXPECT_EQ(readJson("activation.json"), (nlohmann::json{kept, lost}));
     EXPECT_THAT(namesInFcList(), SizeIs(3));

@@ -213,7 +213,7 @@ TEST_F(FolderLibraryTest, ListsTheManagedLibraryFirstAndNeverWritesIt)
     m_library.refreshManagedLibraryEntry();
     rescan();
     ASSERT_THAT(m_library.folders(), SizeIs(2));
-    EXPECT_EQ(m_library.folders()[0], (WatchedFolder{"managed-library", m_directories.managedLibrary(), false, true}));
+    EXPECT_EQ(m_library.folders()[0], (WatchedFolder{"managed-library", managedLibrary(m_directories), false, true}));
     EXPECT_THAT(filesOf("Library"), ElementsAre(managed));
     QCoro::waitFor(m_library.remove("managed-library"));
     QCoro::waitFor(m_library.setAutoActivate("managed-library", true));
@@ -275,7 +275,7 @@ TEST_F(FolderLibraryTest, SharesItsListWithOtherProcesses)
     add(m_home / "A");
     InotifyEventStream stream({.latency = 5ms});
     const auto processFonts = std::make_shared<ProcessFonts>();
-    LinuxFontRegistry registry(processFonts, m_directories.activationLinks());
+    LinuxFontRegistry registry(processFonts, activationLinksFolder(m_directories));
     FolderLibrary other(m_activation, registry, stream, m_directories);
     QCoro::waitFor(other.rescanAll());
     ASSERT_TRUE(QCoro::waitFor(other.add(m_home / "B")));

@@ -44,14 +44,14 @@ protected:
         return path;
     }
 
-    std::vector<std::string> linked() const { return FontLinks(m_directories.activationLinks()).paths(); }
+    std::vector<std::string> linked() const { return FontLinks(activationLinksFolder(m_directories)).paths(); }
 
     int m_argc = 0;
     QCoreApplication m_application{m_argc, nullptr};
     TempFolder m_home;
     Directories m_directories = directoriesBelow(std::filesystem::canonical(m_home.path()));
     std::shared_ptr<ProcessFonts> m_processFonts = std::make_shared<ProcessFonts>();
-    LinuxFontRegistry m_registry{m_processFonts, m_directories.activationLinks()};
+    LinuxFontRegistry m_registry{m_processFonts, activationLinksFolder(m_directories)};
 };
 
 } // namespace kerlune

@@ -118,6 +118,19 @@ TEST(FontFace, SurvivesHostileTables)
     }
 }
 
+// A small file may name the same long string many thousand times.
+TEST(FontFace, BoundsWhatNamesCost)
+{
+    const auto instances = openFace(testFont("long-instance-names.ttf"))->otherInstances();
+    EXPECT_GT(instances.size(), 90U); // 4 MiB of them
+    EXPECT_LT(instances.size(), 120U);
+    EXPECT_TRUE(openFace(testFont("variable.ttf"))->otherInstances(std::chrono::nanoseconds(0)).empty());
+
+    const auto face = openFace(testFont("names-in-vain.ttf"));
+    EXPECT_EQ(face->name(NameId::Designer), std::nullopt);
+    EXPECT_EQ(face->postScriptName(), "EssaiVain-Regular");
+}
+
 TEST(FontFace, SharesItsFileAndNamesWithItsInstances)
 {
     const auto regular = openFace(testFont("variable.ttf"));

@@ -53,5 +53,15 @@ TEST(Localization, CountsAsFrenchDoes)
     EXPECT_EQ(decimalDigits(12.46), "12,5");
 }
 
+TEST(Localization, WritesSizesInUnitsOfAThousand)
+{
+    const std::pair<std::uint64_t, const char *> cases[]{{0, "0\u00A0octet"},           {999, "999\u00A0octets"},
+                                                         {1'000, "1,0\u00A0Ko"},        {999'949, "999,9\u00A0Ko"},
+                                                         {999'951, "1,0\u00A0Mo"},      {12'480'000, "12,5\u00A0Mo"},
+                                                         {2'000'000'000, "2,0\u00A0Go"}};
+    for (const auto &[bytes, text] : cases)
+        EXPECT_EQ(displaySize(bytes), text);
+}
+
 } // namespace
 } // namespace kerlune

@@ -434,6 +434,26 @@ def too_many_names() -> Tables:
     return plain() | {"name": table}
 
 
+def names_in_vain() -> Tables:
+    """A designer that twenty records do not tell, all of them in the same 60,000 bytes, and the last one does."""
+    texts = ["Élodie Martin".encode("utf-16-be"), ("x" * 29_999).encode("utf-16-be") + b"\xd8\x00",
+             "EssaiVain-Regular".encode("utf-16-be")]
+    places = [(9, 1)] * 20 + [(9, 0), (6, 2)]
+    table = struct.pack(">3H", 0, len(places), 6 + 12 * len(places))
+    for name_id, text in places:
+        offset = sum(map(len, texts[:text]))
+        table += struct.pack(">6H", 3, 1, FRENCH, name_id, len(texts[text]), offset)
+    return plain() | {"name": table + b"".join(texts)}
+
+
+def long_instance_names() -> Tables:
+    """A thousand instances that share one name of 20,000 characters."""
+    font = opened(build("Essai Long", names={256: "x" * 20_000}))
+    axes = struct.pack(">4s3i2H", b"wght", 100 << 16, 400 << 16, 900 << 16, 0, 256)
+    instances = b"".join(struct.pack(">2Hi", 256, 0, (500 << 16) + i) for i in range(1000))
+    return tables_of(font) | {"fvar": struct.pack(">8H", 1, 0, 16, 2, 1, 20, 1000, 8) + axes + instances}
+
+
 def resource_file() -> bytes:
     font = assemble(build("Essai Dfont"))
     data = struct.pack(">I", len(font)) + font
@@ -486,6 +506,8 @@ def table_sets() -> dict[str, Tables]:
         "composite-loop": composites("Essai Boucle", 1, lambda g: composite(g, g)),
         "name-out-of-range": names_out_of_range(),
         "many-names": too_many_names(),
+        "names-in-vain": names_in_vain(),
+        "long-instance-names": long_instance_names(),
         "fvar-hostile": build("Essai Hostile") | {
             "fvar": struct.pack(">8H", 1, 0, 16, 2, 65535, 20, 65535, 65535)},
     }

@@ -41,4 +41,29 @@ Directories Directories::fromEnvironment()
             folder("XDG_CONFIG_HOME", ".config") / kFolder};
 }
 
+std::filesystem::path userFontsFolder(const Directories &directories)
+{
+    return directories.userLibrary / "fonts";
+}
+
+std::filesystem::path sharedFontsFolder()
+{
+    return "/usr/local/share/fonts";
+}
+
+std::filesystem::path managedLibrary(const Directories &directories)
+{
+    return directories.userLibrary / kFolder / "Library";
+}
+
+std::filesystem::path googleFontsFolder(const Directories &directories)
+{
+    return directories.userLibrary / kFolder / "Google Fonts";
+}
+
+std::filesystem::path activationLinksFolder(const Directories &directories)
+{
+    return userFontsFolder(directories) / kFolder;
+}
+
 } // namespace kerlune
