@@ -1,6 +1,7 @@
 #include "CLI/CommandLine.h"
 #include "Platform/Directories.h"
 #include "Platform/Linux/FontconfigCatalog.h"
+#include "Platform/Linux/LinuxFontRegistry.h"
 #include "Platform/Linux/ProcessFonts.h"
 
 #include <QCoreApplication>
@@ -18,5 +19,6 @@ int main(int argc, char *argv[])
     const auto directories = kerlune::Directories::fromEnvironment();
     const auto processFonts = std::make_shared<kerlune::ProcessFonts>();
     const kerlune::FontconfigCatalog catalog(processFonts, directories.caches / "descriptors");
-    return kerlune::runCommandLine(argc, argv, {.catalog = catalog, .directories = directories});
+    kerlune::LinuxFontRegistry registry(processFonts, kerlune::activationLinksFolder(directories));
+    return kerlune::runCommandLine(argc, argv, {.catalog = catalog, .registry = registry, .directories = directories});
 }

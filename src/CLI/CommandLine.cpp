@@ -96,6 +96,14 @@ public:
         m_app.require_subcommand(0, 1);
         add("index", localized("Relit toutes les polices disponibles et enregistre l’index."), alone(runIndexCommand));
         add("faces", localized("Affiche les polices de l’index."), alone(runFacesCommand));
+        add("folders", localized("Gère les dossiers surveillés : list, add, remove, auto on|off, rescan."),
+            {"ACTION", localized("list (si rien n’est donné) ; add CHEMIN ; remove CHEMIN-OU-ID ; "
+                                 "auto CHEMIN-OU-ID on|off ; rescan")},
+            runFoldersCommand);
+        addActivation("activate", localized("Rend des polices visibles pour tous les programmes."), runActivateCommand);
+        addActivation("deactivate", localized("Retire des polices aux autres programmes ; aucun fichier n’est effacé."),
+                      runDeactivateCommand);
+        add("active", localized("Affiche les fichiers actifs."), alone(runActiveCommand));
         add("duplicates", localized("Cherche les polices en double : noms PostScript en conflit, copies, versions."),
             {"CHEMIN", localized("Dossiers ou fichiers à examiner, au lieu de ceux où les polices s’installent.")},
             runDuplicatesCommand);
@@ -138,11 +146,24 @@ private:
         return subcommand;
     }
 
-    void add(const std::string &name, const std::string &description, const Operands &operands, Command command)
+    CLI::App *add(const std::string &name, const std::string &description, const Operands &operands, Command command)
     {
-        add(name, description, std::move(command))
-            ->add_option(operands.name, m_arguments, operands.description)
-            ->type_name("");
+        CLI::App *subcommand = add(name, description, std::move(command));
+        subcommand->add_option(operands.name, m_arguments, operands.description)->type_name("");
+        return subcommand;
+    }
+
+    void addActivation(const std::string &name, const std::string &description,
+                       int (*command)(const CommandContext &, const Arguments &, const std::string &, OutputFormat))
+    {
+        add(name, description, {"CHEMIN", localized("Fichiers, ou dossiers avec tout ce qu’ils contiennent.")},
+            [this, command](const CommandContext &context, const Arguments &paths, OutputFormat format) {
+                return command(context, paths, m_family, format);
+            })
+            ->add_option("--family", m_family,
+                         localized("Les fichiers de cette famille qui sont dans les dossiers surveillés."))
+            ->type_name(localized("NOM"))
+            ->group(optionsGroup());
     }
 
     // A result that could not be written (a full disk, a closed pipe) is no result.
@@ -157,6 +178,7 @@ private:
 
     CLI::App m_app;
     Arguments m_arguments;
+    std::string m_family;
     OutputFormat m_format = OutputFormat::Text;
     Command m_chosen;
 };

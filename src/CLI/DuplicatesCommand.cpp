@@ -2,6 +2,7 @@
 #include "CLI/DisplayText.h"
 #include "CLI/StatusLine.h"
 #include "Library/DuplicateScanner.h"
+#include "Library/WatchedFolderList.h"
 #include "Support/Localization.h"
 
 #include <nlohmann/json.hpp>
@@ -44,11 +45,23 @@ std::error_code accessError(const fs::path &path)
     return error;
 }
 
+// Where fonts are installed, and the folders that the user watches.
+std::vector<fs::path> usualPlaces(const Directories &directories)
+{
+    std::vector<fs::path> places = DuplicateScanner::searchPaths(directories);
+    const auto watched = readFolderList(directories.applicationSupport / "watched-folders.json");
+    for (const WatchedFolder &folder : watched.value_or(std::vector<WatchedFolder>())) {
+        if (std::error_code error; fs::is_directory(folder.path, error))
+            places.emplace_back(folder.path);
+    }
+    return places;
+}
+
 // The places to look at; absent after a message when one of the paths given cannot be.
 std::optional<std::vector<fs::path>> placesFor(const std::vector<std::string> &paths, const Directories &directories)
 {
     if (paths.empty())
-        return DuplicateScanner::searchPaths(directories);
+        return usualPlaces(directories);
     std::vector<fs::path> places;
     for (const std::string &path : paths) {
         if (const auto error = accessError(path)) {

@@ -1,0 +1,63 @@
+#include "CLI/LibrarySession.h"
+
+#include "CLI/StatusLine.h"
+#include "Platform/FileEventStream.h"
+#include "Support/Localization.h"
+
+#include <iostream>
+
+namespace kerlune {
+
+namespace {
+
+class NoEvents final : public FileEventStream {
+public:
+    void start(std::vector<Tree>) override {}
+    void stop() override {}
+};
+
+} // namespace
+
+LibrarySession::LibrarySession(const CommandContext &context)
+    : m_noEvents(std::make_unique<NoEvents>())
+    , m_activation(context.registry, context.directories)
+    , m_folders(m_activation, context.registry, *m_noEvents, context.directories)
+{
+    m_folders.refreshManagedLibraryEntry();
+    if (m_folders.isListUnreadable()) {
+        std::cerr << "kerlune: "
+                  << localized("La liste des dossiers surveillés (watched-folders.json) ne peut pas être lue : elle "
+                               "compte comme vide. Le fichier n’a pas été modifié ; le prochain changement de la "
+                               "liste en gardera une copie.")
+                  << '\n';
+    }
+}
+
+LibrarySession::~LibrarySession() = default;
+
+void LibrarySession::reapply()
+{
+    await(m_activation.reapplyOnLaunch());
+}
+
+void LibrarySession::load()
+{
+    StatusLine status;
+    status.show(localized("Lecture des dossiers surveillés…"));
+    reapply();
+    await(m_folders.rescanAll());
+}
+
+bool LibrarySession::reportSaveErrors() const
+{
+    bool isSaved = true;
+    for (const auto &error : {m_activation.saveError(), m_folders.saveError()}) {
+        if (!error)
+            continue;
+        std::cerr << "kerlune: " << *error << '\n';
+        isSaved = false;
+    }
+    return isSaved;
+}
+
+} // namespace kerlune
