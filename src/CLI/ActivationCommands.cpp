@@ -131,6 +131,13 @@ int change(const CommandContext &context, const Paths &given, const std::string 
     }
     if (!isDone)
         reportAndForgetFailures(activation);
+    if (direction == Direction::Activate && !context.registry.showsPersistentFonts()) {
+        std::cerr << "kerlune: "
+                  << localized("fontconfig ne lit pas le dossier des polices actives (%1) : les autres programmes ne "
+                               "les verront pas. Ajoutez ce dossier à sa configuration.",
+                               {displayText(activationLinksFolder(context.directories).native())})
+                  << '\n';
+    }
     std::cerr << summary(direction, std::abs(static_cast<std::int64_t>(activation.activePaths().size()) - count))
               << '\n';
     if (format == OutputFormat::Json)

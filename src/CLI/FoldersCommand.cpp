@@ -2,6 +2,7 @@
 #include "CLI/DisplayText.h"
 #include "CLI/IndexUpdate.h"
 #include "CLI/LibrarySession.h"
+#include "CLI/StatusLine.h"
 #include "Library/FolderScan.h"
 #include "Support/Localization.h"
 
@@ -100,7 +101,12 @@ int addFolder(const CommandContext &context, LibrarySession &session, const std:
     const std::string folder = normalisedPath(path);
     if (std::error_code error; !std::filesystem::is_directory(folder, error))
         return reportFailure(localized("« %1 » n’est pas un dossier, ou n’existe pas.", {displayText(path)}));
-    const auto added = await(session.folders().add(path));
+    tl::expected<std::int64_t, FolderLibrary::AddError> added;
+    {
+        StatusLine status;
+        status.show(localized("Lecture de %1…", {displayText(folder)}));
+        added = await(session.folders().add(path));
+    }
     if (!added)
         return reportFailure(added.error().description());
     std::cerr << localizedCount("%1 police trouvée.", "%1 polices trouvées.", *added) << '\n';

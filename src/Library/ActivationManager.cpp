@@ -53,7 +53,7 @@ Paths existing(const Paths &paths)
 {
     Paths kept;
     for (const std::string &path : paths) {
-        if (std::error_code error; std::filesystem::exists(path, error))
+        if (std::error_code error; path.starts_with('/') && std::filesystem::exists(path, error))
             kept.insert(kept.end(), path);
     }
     return kept;

@@ -33,6 +33,8 @@ public:
     virtual QFuture<Errors> registerPersistently(std::vector<std::string> paths) = 0;
     virtual QFuture<Errors> unregisterPersistently(std::vector<std::string> paths) = 0;
     virtual QFuture<std::vector<std::string>> persistentlyRegistered() const = 0; // sorted
+    // Whether the system is set up such that programs see what is registered persistently.
+    virtual bool showsPersistentFonts() const = 0;
 
 Q_SIGNALS:
     // The catalogue may offer other fonts than before: files were registered or unregistered, or something changed in

@@ -14,7 +14,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using nlohmann::json;
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
@@ -149,6 +148,9 @@ TEST_F(LibraryCommandsTest, ActivatesFilesFoldersAndFamilies)
     EXPECT_EQ(run("deactivate " + inHome("Polices") + " " + inHome("ailleurs")).messages, "2 fichiers désactivés.\n");
     EXPECT_EQ(runJson("active"), json::array());
     EXPECT_THAT(namesInFcList(), SizeIs(1));
+
+    setenv("FONTCONFIG_FILE", writeFontconfigFile(m_home, {fonts()}).c_str(), 1); // without the links
+    EXPECT_THAT(run("activate " + inHome("ailleurs")).messages, HasSubstr("les autres programmes ne les verront pas"));
 
     const std::tuple<std::string, int, std::string> cases[]{
         {"activate", 2, "Donnez des chemins"},

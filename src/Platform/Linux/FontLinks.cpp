@@ -53,7 +53,7 @@ std::string linkName(const std::string &path)
 
 std::optional<std::string> readLink(const fs::path &link)
 {
-    std::array<char, PATH_MAX> target;
+    std::array<char, PATH_MAX> target{};
     const ssize_t size = readlink(link.c_str(), target.data(), target.size());
     if (size < 0)
         return std::nullopt;
@@ -120,6 +120,8 @@ std::vector<RegistrationError> FontLinks::add(std::span<const std::string> paths
     fs::create_directories(m_folder, folderError);
     const fs::path ownFolder = folderError ? fs::path() : fs::canonical(m_folder, folderError);
     return forEachPath(paths, [&](const std::string &path) -> std::optional<RegistrationError> {
+        if (!path.starts_with('/'))
+            return RegistrationError{path, Reason::UnusableFile, FontError::NotFound};
         if (folderError)
             return RegistrationError{path, reasonForErrno(folderError.value())};
         const fs::path link = m_folder / linkName(path);

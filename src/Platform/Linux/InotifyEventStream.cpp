@@ -201,6 +201,7 @@ void InotifyEventStream::start(std::vector<Tree> trees)
     if (m_worker == nullptr)
         m_worker = std::make_unique<Worker>(*this);
     std::vector<InotifyTree::Root> roots;
+    roots.reserve(trees.size());
     for (Tree &tree : trees)
         roots.push_back({std::move(tree.path), tree.since});
     m_worker->follow(std::move(roots));

@@ -183,7 +183,7 @@ void InotifyTree::leaveTree(const std::string &top)
 InotifyTree::News InotifyTree::readEvents()
 {
     News news;
-    alignas(inotify_event) std::array<char, kBufferSize> buffer;
+    alignas(inotify_event) std::array<char, kBufferSize> buffer{};
     const ssize_t size = m_descriptor < 0 ? 0 : read(m_descriptor, buffer.data(), buffer.size());
     for (ssize_t at = 0; at + static_cast<ssize_t>(sizeof(inotify_event)) <= size;) {
         inotify_event event = {};

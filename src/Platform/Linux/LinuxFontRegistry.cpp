@@ -6,6 +6,8 @@
 
 #include <QtConcurrentRun>
 
+#include <algorithm>
+#include <system_error>
 #include <utility>
 
 namespace kerlune {
@@ -14,6 +16,7 @@ LinuxFontRegistry::LinuxFontRegistry(std::shared_ptr<ProcessFonts> processFonts,
                                      const std::filesystem::path &linkFolder, QObject *parent)
     : FontRegistry(parent)
     , m_processFonts(std::move(processFonts))
+    , m_linkFolder(linkFolder)
     , m_links(std::make_shared<FontLinks>(linkFolder))
     , m_stream({.links = InotifyTree::Links::Follow}) // as fontconfig does
 {
@@ -49,6 +52,16 @@ QFuture<FontRegistry::Errors> LinuxFontRegistry::unregisterPersistently(std::vec
 QFuture<std::vector<std::string>> LinuxFontRegistry::persistentlyRegistered() const
 {
     return QtConcurrent::run([links = m_links] { return links->paths(); });
+}
+
+bool LinuxFontRegistry::showsPersistentFonts() const
+{
+    std::error_code error;
+    const std::string links = std::filesystem::weakly_canonical(m_linkFolder, error).string() + '/';
+    const std::vector<std::string> folders = systemFontFolders();
+    return std::any_of(folders.begin(), folders.end(), [&](const std::string &folder) {
+        return links.starts_with(std::filesystem::weakly_canonical(folder, error).string() + '/');
+    });
 }
 
 void LinuxFontRegistry::watchSystemFolders()

@@ -28,12 +28,14 @@ public:
     QFuture<Errors> registerPersistently(std::vector<std::string> paths) override;
     QFuture<Errors> unregisterPersistently(std::vector<std::string> paths) override;
     QFuture<std::vector<std::string>> persistentlyRegistered() const override;
+    bool showsPersistentFonts() const override; // asks fontconfig for its folders
 
     // Starts to follow the folders that fontconfig reads, with all below them, whether they exist yet or not.
     void watchSystemFolders();
 
 private:
     std::shared_ptr<ProcessFonts> m_processFonts;
+    std::filesystem::path m_linkFolder;
     std::shared_ptr<const FontLinks> m_links;
     InotifyEventStream m_stream;
 };
