@@ -4,6 +4,7 @@
 #include "Platform/Linux/ProcessFonts.h"
 #include "Platform/Linux/SystemFontFiles.h"
 
+#include <QFutureWatcher>
 #include <QtConcurrentRun>
 
 #include <algorithm>
@@ -37,16 +38,24 @@ void LinuxFontRegistry::unregisterForProcess(std::span<const std::string> paths)
 
 QFuture<FontRegistry::Errors> LinuxFontRegistry::registerPersistently(std::vector<std::string> paths)
 {
-    auto errors = QtConcurrent::run([links = m_links, paths = std::move(paths)] { return links->add(paths); });
-    errors.then(this, [this](const QFuture<Errors> &) { Q_EMIT registeredFontsChanged(); });
-    return errors;
+    return announced(QtConcurrent::run([links = m_links, paths = std::move(paths)] { return links->add(paths); }));
 }
 
 QFuture<FontRegistry::Errors> LinuxFontRegistry::unregisterPersistently(std::vector<std::string> paths)
 {
-    auto errors = QtConcurrent::run([links = m_links, paths = std::move(paths)] { return links->remove(paths); });
-    errors.then(this, [this](const QFuture<Errors> &) { Q_EMIT registeredFontsChanged(); });
-    return errors;
+    return announced(QtConcurrent::run([links = m_links, paths = std::move(paths)] { return links->remove(paths); }));
+}
+
+// Not with QFuture::then(), which asks on the other thread whether this object still lives.
+QFuture<FontRegistry::Errors> LinuxFontRegistry::announced(QFuture<Errors> change)
+{
+    auto *watcher = new QFutureWatcher<Errors>(this);
+    connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher] {
+        watcher->deleteLater();
+        Q_EMIT registeredFontsChanged();
+    });
+    watcher->setFuture(change);
+    return change;
 }
 
 QFuture<std::vector<std::string>> LinuxFontRegistry::persistentlyRegistered() const

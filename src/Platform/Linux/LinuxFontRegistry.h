@@ -34,6 +34,8 @@ public:
     void watchSystemFolders();
 
 private:
+    QFuture<Errors> announced(QFuture<Errors> change);
+
     std::shared_ptr<ProcessFonts> m_processFonts;
     std::filesystem::path m_linkFolder;
     std::shared_ptr<const FontLinks> m_links;
