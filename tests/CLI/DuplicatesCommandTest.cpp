@@ -38,7 +38,7 @@ TEST_F(DuplicatesCommandTest, WritesTheGroupsAsJson)
                     {"style", "Regular"},
                     {"version", version}};
     };
-    const auto &groups = report.at("groups");
+    const json &groups = report.at("groups");
     EXPECT_THAT(groups,
                 testing::Contains(json{{"kind", "psNameConflict"},
                                        {"key", "EssaiDouble-Regular"},
