@@ -10,7 +10,6 @@ namespace kerlune {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 std::vector<std::string> below(const TempFolder &folder, std::initializer_list<const char *> names)
