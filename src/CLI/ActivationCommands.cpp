@@ -40,17 +40,18 @@ void printActive(const ActivationManager::Paths &paths, OutputFormat format)
 }
 
 // Files as they are given, of folders all that they hold; to deactivate, also what is active and no longer there.
-Paths filesBelow(const Paths &given, const ActivationManager::Paths &active)
+Paths filesBelow(const Paths &given, const ActivationManager::Paths &active, const fs::path &links)
 {
     Paths files;
     for (const std::string &path : given) {
         const std::string normal = normalisedPath(path);
         std::error_code error;
         if (!fs::is_directory(normal, error)) {
-            files.push_back(active.contains(path) ? path : normal);
+            const std::string asNamed = fs::absolute(path, error).lexically_normal(); // it may be an active link
+            files.push_back(active.contains(asNamed) ? asNamed : normal);
             continue;
         }
-        Paths found = scanFolder(normal);
+        Paths found = scanFolder(normal, links);
         std::move(found.begin(), found.end(), std::back_inserter(files));
         std::copy_if(active.begin(), active.end(), std::back_inserter(files),
                      [&](const std::string &file) { return isBelow(file, normal); });
@@ -88,14 +89,13 @@ std::optional<Paths> filesOfFamily(const CommandContext &context, const FolderLi
 }
 
 // What failed is not kept as active: nobody would see why it is not.
-void reportAndForgetFailures(ActivationManager &activation)
+void forgetFailures(ActivationManager &activation)
 {
     Paths failed;
-    for (const RegistrationError &error : activation.failures()) {
-        std::cerr << "kerlune: " << displayText(error.description()) << '\n';
+    for (const RegistrationError &error : activation.failures())
         failed.push_back(error.path);
-    }
-    await(activation.deactivate(failed));
+    if (!failed.empty())
+        await(activation.deactivate(failed));
 }
 
 std::string summary(Direction direction, std::int64_t count)
@@ -112,9 +112,11 @@ int change(const CommandContext &context, const Paths &given, const std::string 
     LibrarySession session(context);
     ActivationManager &activation = session.activation();
     const ActivationManager::Paths before = activation.activePaths(); // as it was left, missing files included
-    session.reapply();
+    if (!session.reapply())
+        return kFailed;
+    const fs::path links = normalisedPath(activationLinksFolder(context.directories));
     const std::optional<Paths> files =
-        family.empty() ? filesBelow(given, before) : filesOfFamily(context, session.folders(), family);
+        family.empty() ? filesBelow(given, before, links) : filesOfFamily(context, session.folders(), family);
     if (!files)
         return kFailed;
     if (files->empty()) {
@@ -129,8 +131,10 @@ int change(const CommandContext &context, const Paths &given, const std::string 
         status.show(direction == Direction::Activate ? localized("Activation…") : localized("Désactivation…"));
         isDone = await(direction == Direction::Activate ? activation.activate(*files) : activation.deactivate(*files));
     }
-    if (!isDone)
-        reportAndForgetFailures(activation);
+    if (!isDone) {
+        session.reportFailures();
+        forgetFailures(activation);
+    }
     if (direction == Direction::Activate && !context.registry.showsPersistentFonts()) {
         std::cerr << "kerlune: "
                   << localized("fontconfig ne lit pas le dossier des polices actives (%1) : les autres programmes ne "
@@ -162,9 +166,9 @@ int runDeactivateCommand(const CommandContext &context, const Paths &paths, cons
 int runActiveCommand(const CommandContext &context, OutputFormat format)
 {
     LibrarySession session(context);
-    session.reapply();
+    const bool isInLine = session.reapply();
     printActive(session.activation().activePaths(), format);
-    return session.reportSaveErrors() ? kDone : kFailed;
+    return session.reportSaveErrors() && isInLine ? kDone : kFailed;
 }
 
 } // namespace kerlune

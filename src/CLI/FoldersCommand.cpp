@@ -150,7 +150,8 @@ int runFoldersCommand(const CommandContext &context, const Words &words, OutputF
         return reportWrongUsage(localized("« %1 » : il faut « on » ou « off ».", {displayText(words[2])}));
 
     LibrarySession session(context);
-    session.load();
+    if (!session.load())
+        return kFailed;
     int status = kDone;
     if (action == "add")
         status = addFolder(context, session, words[1]);

@@ -63,7 +63,8 @@ int runIndexCommand(const CommandContext &context, OutputFormat format)
 {
     const auto start = std::chrono::steady_clock::now();
     LibrarySession session(context);
-    session.load();
+    if (!session.load())
+        return kFailed;
     const auto summary = updateIndex(context, EmptyIndex::Refuse);
     if (!summary)
         return kFailed;

@@ -1,5 +1,6 @@
 #include "CLI/LibrarySession.h"
 
+#include "CLI/DisplayText.h"
 #include "CLI/StatusLine.h"
 #include "Platform/FileEventStream.h"
 #include "Support/Localization.h"
@@ -35,17 +36,31 @@ LibrarySession::LibrarySession(const CommandContext &context)
 
 LibrarySession::~LibrarySession() = default;
 
-void LibrarySession::reapply()
+bool LibrarySession::reapply()
 {
     await(m_activation.reapplyOnLaunch());
+    if (!m_activation.lastError())
+        return true;
+    reportFailures();
+    return !m_activation.failures().empty(); // single files may fail; without any, nothing could be done at all
 }
 
-void LibrarySession::load()
+bool LibrarySession::load()
 {
+    if (!reapply())
+        return false;
     StatusLine status;
     status.show(localized("Lecture des dossiers surveillés…"));
-    reapply();
     await(m_folders.rescanAll());
+    return true;
+}
+
+void LibrarySession::reportFailures() const
+{
+    for (const RegistrationError &error : m_activation.failures())
+        std::cerr << "kerlune: " << displayText(error.description()) << '\n';
+    if (m_activation.failures().empty())
+        std::cerr << "kerlune: " << m_activation.lastError().value_or(std::string()) << '\n';
 }
 
 bool LibrarySession::reportSaveErrors() const

@@ -38,11 +38,14 @@ public:
     ActivationManager &activation() { return m_activation; }
     FolderLibrary &folders() { return m_folders; }
 
-    // Brings the registrations in line with what is active.
-    void reapply();
+    // Brings the registrations in line with what is active, and tells which files failed. False when another process
+    // kept it from changing anything.
+    [[nodiscard]] bool reapply();
     // The same, then looks into every watched folder, so that this process can use what is there.
-    void load();
+    [[nodiscard]] bool load();
 
+    // Tells what the activation could not do the last time.
+    void reportFailures() const;
     // Tells what could not be written, if anything; says whether all was.
     bool reportSaveErrors() const;
 

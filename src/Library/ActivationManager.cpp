@@ -32,7 +32,8 @@ std::optional<Paths> decodePaths(const std::optional<nlohmann::json> &content)
     for (const nlohmann::json &path : *content) {
         if (!path.is_string())
             return std::nullopt;
-        paths.insert(path.get<std::string>());
+        if (const auto &text = path.get_ref<const std::string &>(); text.find('\0') == std::string::npos)
+            paths.insert(text);
     }
     return paths;
 }
@@ -67,9 +68,11 @@ std::optional<std::string> save(const std::shared_ptr<StateFile> &file, const Pa
 
 } // namespace
 
-ActivationManager::ActivationManager(FontRegistry &registry, const Directories &directories, QObject *parent)
+ActivationManager::ActivationManager(FontRegistry &registry, const Directories &directories,
+                                     std::chrono::milliseconds longestWait, QObject *parent)
     : QObject(parent)
     , m_registry(registry)
+    , m_longestWait(longestWait)
     , m_file(directories.applicationSupport / "activation.json")
     , m_activePaths(decodePaths(readJsonFile(m_file)).value_or(Paths()))
 {}
@@ -90,10 +93,12 @@ QCoro::Task<bool> ActivationManager::change(std::vector<std::string> paths, Chan
     const auto turn = co_await m_turns.turn();
     if (!self)
         co_return false;
-    const auto opening = QtConcurrent::run(StateFile::open, m_file);
+    const auto opening = QtConcurrent::run(StateFile::open, m_file, m_longestWait);
     const std::shared_ptr<StateFile> file = co_await opening;
     const auto closing = qScopeGuard([file] { file->close(); }); // the future may keep it for a while
     if (!self)
+        co_return false;
+    if (refuseBecauseOf(file->obstacle()))
         co_return false;
     Paths active = decodePaths(file->content()).value_or(activePaths());
     const std::vector<std::string> wanted = concerned(paths, active, change == Change::Deactivate);
@@ -129,7 +134,7 @@ QCoro::Task<> ActivationManager::reapplyOnLaunch()
     const auto turn = co_await m_turns.turn();
     if (!self)
         co_return;
-    const auto opening = QtConcurrent::run(StateFile::open, m_file);
+    const auto opening = QtConcurrent::run(StateFile::open, m_file, m_longestWait);
     const std::shared_ptr<StateFile> file = co_await opening;
     const auto closing = qScopeGuard([file] { file->close(); }); // the future may keep it for a while
     if (!self)
@@ -138,6 +143,12 @@ QCoro::Task<> ActivationManager::reapplyOnLaunch()
     const std::vector<std::string> registered = co_await asking;
     const std::optional<Paths> stored = decodePaths(file->content());
     const Paths saved = stored.value_or(Paths(registered.begin(), registered.end()));
+    if (!self)
+        co_return;
+    if (refuseBecauseOf(file->obstacle())) {
+        m_activePaths = saved;
+        co_return;
+    }
     const auto looking = QtConcurrent::run(existing, saved);
     const Paths kept = co_await looking;
     if (!self)
@@ -164,10 +175,21 @@ QCoro::Task<> ActivationManager::reapplyOnLaunch()
     note(std::move(errors));
     if (file->exists() && !stored)
         co_return; // the file is left alone until something is changed on purpose
+    const bool isNeeded = file->exists() || !kept.empty();
     const auto saving = QtConcurrent::run(save, file, kept);
     auto saveError = co_await saving;
-    if (self)
+    if (self && isNeeded) // an empty list that cannot be written is no loss
         m_saveError = std::move(saveError);
+}
+
+// Links and list belong together: where another process keeps the list to itself, the links stay too.
+bool ActivationManager::refuseBecauseOf(const std::optional<std::string> &obstacle)
+{
+    if (!obstacle)
+        return false;
+    m_failures.clear();
+    m_lastError = obstacle;
+    return true;
 }
 
 void ActivationManager::note(FontRegistry::Errors errors)

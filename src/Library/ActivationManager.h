@@ -8,6 +8,7 @@
 #include <QCoroTask>
 #include <QProperty>
 
+#include <chrono>
 #include <filesystem>
 #include <optional>
 #include <set>
@@ -20,21 +21,23 @@ namespace kerlune {
 // may do the same at the same time: each change is made, under a lock, to what the file says at that moment.
 //
 // Thread: main. The operations take their turns in the order of the calls.
-// Errors: files that fail are told in lastError(); they count as active (or not) all the same.
+// Errors: files that fail are told in lastError(); they count as active (or not) all the same. Nothing is changed while
+// another process holds activation.json for more than ten seconds; lastError() then says so.
 class ActivationManager final : public QObject {
     Q_OBJECT
 
 public:
     using Paths = std::set<std::string>; // absolute
 
-    // Reads activation.json. The registry must outlive the manager.
-    ActivationManager(FontRegistry &registry, const Directories &directories, QObject *parent = nullptr);
+    // Reads activation.json. The registry must outlive the manager. The wait is for other processes.
+    ActivationManager(FontRegistry &registry, const Directories &directories,
+                      std::chrono::milliseconds longestWait = std::chrono::seconds(10), QObject *parent = nullptr);
 
     // The files that this library has activated.
     const Paths &activePaths() const { return m_activePaths.value(); }
     QBindable<Paths> bindableActivePaths() { return &m_activePaths; }
 
-    // What the last call to the registry could not do; absent when it did all.
+    // What the last call to the registry could not do, or why it was not called; absent when it did all.
     const std::optional<std::string> &lastError() const { return m_lastError.value(); }
     QBindable<std::optional<std::string>> bindableLastError() { return &m_lastError; }
     const FontRegistry::Errors &failures() const { return m_failures; } // the same, file by file
@@ -58,8 +61,10 @@ private:
 
     QCoro::Task<bool> change(std::vector<std::string> paths, Change change);
     void note(FontRegistry::Errors errors);
+    bool refuseBecauseOf(const std::optional<std::string> &obstacle);
 
     FontRegistry &m_registry;
+    std::chrono::milliseconds m_longestWait;
     std::filesystem::path m_file;
     AsyncLock m_turns;
     QProperty<Paths> m_activePaths;

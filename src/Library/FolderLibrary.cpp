@@ -56,7 +56,10 @@ std::vector<std::string> systemFolders(const Directories &directories)
 
 std::string displayName(const WatchedFolder &folder)
 {
-    return folder.isManagedLibrary ? localized("Bibliothèque Kerlune") : fs::path(folder.path).filename().string();
+    if (folder.isManagedLibrary)
+        return localized("Bibliothèque Kerlune");
+    const std::string name = fs::path(folder.path).filename();
+    return name.empty() ? folder.path : name; // "/" has none
 }
 
 template <typename Folders>
@@ -211,12 +214,13 @@ QCoro::Task<> FolderLibrary::remove(std::string id)
     }
     if (!self)
         co_return;
-    dropFiles(id);
-    m_revision = revision() + 1;
     const Edit removal = [id](Folders &list) {
         std::erase_if(list, [&](const WatchedFolder &other) { return other.id == id; });
     };
-    co_await edit(removal);
+    auto saving = edit(removal); // the folder leaves the list here at once, before anybody hears of it
+    dropFiles(id);
+    m_revision = revision() + 1;
+    co_await saving;
     if (self)
         startMonitoring();
 }
@@ -235,7 +239,7 @@ QCoro::Task<> FolderLibrary::setAutoActivate(std::string id, bool on)
     setFlag(all);
     m_folders = std::move(all);
     co_await edit(setFlag);
-    if (!self || !on)
+    if (!self || !on || !folder(id)) // another process may have removed it
         co_return;
     if (const auto listed = files().find(id); listed != files().end())
         co_await m_activation.activate(*listed->second);
@@ -252,6 +256,7 @@ void FolderLibrary::refreshManagedLibraryEntry()
     if (hasEntries)
         list.insert(list.begin(), WatchedFolder{kManagedLibraryId, m_managedLibrary, false, true});
     m_folders = std::move(list);
+    forgetFilesOfMissingFolders();
 }
 
 QCoro::Task<> FolderLibrary::rescanAll()
@@ -324,10 +329,12 @@ QCoro::Task<> FolderLibrary::apply(Files scanned, std::string id)
     if (!self)
         co_return;
     FilesById all = files();
-    all[id] = scanned;
+    all[id] = scanned; // also when the folder left the list meanwhile: then its files are forgotten below
     m_files = std::move(all);
     if (!changes.added.empty() || !changes.removed.empty() || old->empty())
         m_revision = revision() + 1;
+    if (!folder(id))
+        forgetFilesOfMissingFolders();
 }
 
 // Files that the library no longer holds.
@@ -372,8 +379,8 @@ QCoro::Task<> FolderLibrary::edit(Edit edit)
     m_isListUnreadable = false;
     if (edited.folders == mine)
         co_return;
-    publish(edited.folders);
-    m_rescan.trigger(); // other processes added folders
+    takeOver(edited.folders);
+    m_rescan.trigger(); // other processes may have added folders
 }
 
 // Takes over what other processes made of the list, unless changes of this one could not be saved.
@@ -387,16 +394,30 @@ QCoro::Task<> FolderLibrary::reload()
     const auto stored = co_await reading;
     if (!self || !stored || *stored == withoutManagedLibrary())
         co_return;
-    const Folders before = withoutManagedLibrary();
-    publish(*stored);
+    takeOver(*stored);
+}
+
+// What other processes made of the list. Whether they removed active files with a folder is their affair.
+void FolderLibrary::takeOver(Folders watched)
+{
+    publish(std::move(watched));
+    forgetFilesOfMissingFolders();
+}
+
+void FolderLibrary::forgetFilesOfMissingFolders()
+{
     std::vector<std::string> leaving;
-    for (const WatchedFolder &former : before) {
-        const auto listed = files().find(former.id);
-        if (folder(former.id) || listed == files().end())
+    std::vector<std::string> missing;
+    for (const auto &[id, listed] : files()) {
+        if (folder(id))
             continue;
-        leaving.insert(leaving.end(), listed->second->begin(), listed->second->end());
-        dropFiles(former.id);
+        missing.push_back(id);
+        leaving.insert(leaving.end(), listed->begin(), listed->end());
     }
+    if (missing.empty())
+        return;
+    for (const std::string &id : missing)
+        dropFiles(id);
     leaving = withoutThoseOfOthers(leaving, {});
     std::erase_if(leaving, [this](const std::string &path) { return m_previewRegistered.erase(path) == 0; });
     if (!leaving.empty())

@@ -106,6 +106,8 @@ private:
     QCoro::Task<> retire(std::vector<std::string> paths);
     std::vector<std::string> withoutThoseOfOthers(const std::vector<std::string> &paths, const std::string &id) const;
     void publish(Folders watched);
+    void takeOver(Folders watched);
+    void forgetFilesOfMissingFolders();
     Folders withoutManagedLibrary() const;
     std::vector<std::string> foldersOnDisk() const;
     void dropFiles(const std::string &id);

@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <tl/expected.hpp>
 
+#include <chrono>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -25,7 +26,11 @@ public:
 
     // Waits until no other process has it open. Never null: a file that cannot be locked is read all the same, and
     // cannot be saved.
-    static std::shared_ptr<StateFile> open(const std::filesystem::path &file);
+    static std::shared_ptr<StateFile> open(const std::filesystem::path &file,
+                                           std::chrono::milliseconds longestWait = std::chrono::seconds(10));
+
+    // Another process holds the file and does not let it go: nothing should be changed now. The text is for the user.
+    std::optional<std::string> obstacle() const;
 
     bool exists() const { return m_exists; }
     const std::optional<nlohmann::json> &content() const { return m_content; } // absent when it is no JSON
@@ -36,10 +41,10 @@ public:
     void close(); // goes without saying where the object goes too
 
 private:
-    explicit StateFile(std::filesystem::path file);
+    StateFile(std::filesystem::path file, std::chrono::milliseconds longestWait);
 
     std::filesystem::path m_file;
-    tl::expected<FileLock, std::string> m_lock; // before the content: it is read under the lock
+    tl::expected<FileLock, FileLock::Error> m_lock; // before the content: it is read under the lock
     bool m_exists;
     std::optional<nlohmann::json> m_content;
 };

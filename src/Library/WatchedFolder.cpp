@@ -10,22 +10,27 @@ namespace kerlune {
 
 namespace {
 
+// Null when there is no such key. Nothing is copied: a value may be nested deeper than a copy could go.
+const nlohmann::json *find(const nlohmann::json &object, const char *key)
+{
+    const auto found = object.find(key);
+    return found == object.end() ? nullptr : &*found;
+}
+
 std::optional<WatchedFolder> decodeFolder(const nlohmann::json &object)
 {
-    const auto value = [&](const char *key) {
-        const auto found = object.find(key);
-        return found == object.end() ? nlohmann::json() : *found;
-    };
     if (!object.is_object())
         return std::nullopt;
-    const nlohmann::json id = value("id");
-    const nlohmann::json path = value("path");
-    const nlohmann::json autoActivate = value("autoActivate");
-    const nlohmann::json isManagedLibrary = value("isManagedLibrary");
-    if (!id.is_string() || !path.is_string() || !autoActivate.is_boolean() || !isManagedLibrary.is_boolean())
+    const nlohmann::json *id = find(object, "id");
+    const nlohmann::json *path = find(object, "path");
+    const nlohmann::json *autoActivate = find(object, "autoActivate");
+    const nlohmann::json *isManagedLibrary = find(object, "isManagedLibrary");
+    if (id == nullptr || path == nullptr || autoActivate == nullptr || isManagedLibrary == nullptr)
         return std::nullopt;
-    return WatchedFolder{id.get<std::string>(), path.get<std::string>(), autoActivate.get<bool>(),
-                         isManagedLibrary.get<bool>()};
+    if (!id->is_string() || !path->is_string() || !autoActivate->is_boolean() || !isManagedLibrary->is_boolean())
+        return std::nullopt;
+    return WatchedFolder{id->get<std::string>(), path->get<std::string>(), autoActivate->get<bool>(),
+                         isManagedLibrary->get<bool>()};
 }
 
 } // namespace
@@ -49,7 +54,7 @@ std::optional<std::vector<WatchedFolder>> decodeFolders(const nlohmann::json &ar
     std::vector<WatchedFolder> folders;
     for (const nlohmann::json &object : array) {
         auto folder = decodeFolder(object);
-        if (!folder || folder->path.empty())
+        if (!folder)
             return std::nullopt;
         folders.push_back(*std::move(folder));
     }

@@ -3,6 +3,7 @@
 #include "Library/FolderScan.h"
 #include "Library/StateFile.h"
 #include "Support/JsonFile.h"
+#include "Support/Text.h"
 
 #include <utility>
 
@@ -15,9 +16,13 @@ std::optional<std::vector<WatchedFolder>> decodeList(const std::optional<nlohman
     auto folders = content ? decodeFolders(*content) : std::nullopt;
     if (!folders)
         return std::nullopt;
-    std::erase_if(*folders, [](const WatchedFolder &folder) { return folder.isManagedLibrary; });
-    for (WatchedFolder &folder : *folders)
-        folder.path = normalisedPath(folder.path);
+    std::erase_if(*folders, [](const WatchedFolder &folder) {
+        return folder.isManagedLibrary || folder.path.empty() || folder.path.find('\0') != std::string::npos;
+    });
+    for (WatchedFolder &folder : *folders) {
+        if (std::string normal = normalisedPath(folder.path); isValidUtf8(normal)) // a link may lead where it is not
+            folder.path = std::move(normal);
+    }
     return folders;
 }
 

@@ -14,10 +14,14 @@ namespace kerlune {
 // Thread: any; may be released on another one than it was taken.
 class FileLock final {
 public:
+    struct Error {
+        bool isHeldByOther; // to the end of the wait; else the file cannot be opened or locked at all
+        std::string description;
+    };
+
     // Waits for its turn, but no longer than that. The file is created, with its folder, and stays.
-    // Errors: a description, of the system or that another program holds the lock.
-    static tl::expected<FileLock, std::string> acquire(const std::filesystem::path &file,
-                                                       std::chrono::milliseconds longest = std::chrono::seconds(10));
+    static tl::expected<FileLock, Error> acquire(const std::filesystem::path &file,
+                                                 std::chrono::milliseconds longest = std::chrono::seconds(10));
 
     ~FileLock();
     FileLock(FileLock &&other) noexcept;

@@ -12,7 +12,8 @@ tl::expected<void, std::string> writeFileAtomically(const std::filesystem::path 
 
     QSaveFile file(QFile::decodeName(path.c_str()));
     const auto size = static_cast<qint64>(bytes.size());
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes.data(), size) != size || !file.commit())
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes.data(), size) != size || !file.flush() ||
+        !file.commit()) // commit() alone does not notice that bytes in its buffer found no room
         return tl::unexpected(file.errorString().toStdString());
     return {};
 }

@@ -38,21 +38,33 @@ std::optional<nlohmann::json> readJsonFile(const fs::path &file)
 
 tl::expected<void, std::string> writeJsonFile(const fs::path &file, const nlohmann::json &value)
 {
-    const std::string bytes = value.dump(2) + '\n';
+    std::string bytes;
+    try {
+        bytes = value.dump(2) + '\n';
+    } catch (const nlohmann::json::type_error &error) { // a text that is not UTF-8
+        return tl::unexpected(std::string(error.what()));
+    }
     if (readBytes(file) == bytes)
         return {};
     return writeFileAtomically(file, bytes);
 }
 
-void keepUnreadableFile(const fs::path &file)
+tl::expected<void, std::string> keepUnreadableFile(const fs::path &file)
 {
+    std::error_code error;
     for (int i = 1; i < kMostCopies; ++i) {
         fs::path copy = file;
         copy += ".unreadable-" + std::to_string(i);
-        std::error_code error;
-        if (fs::copy_file(file, copy, error) || error != std::errc::file_exists)
-            return;
+        error.clear();
+        if (fs::copy_file(file, copy, error))
+            return {};
+        if (error == std::errc::file_exists)
+            continue;
+        std::error_code ignored;
+        fs::remove(copy, ignored);
+        break;
     }
+    return tl::unexpected(error.message());
 }
 
 } // namespace kerlune

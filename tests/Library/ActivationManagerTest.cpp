@@ -1,5 +1,6 @@
 #include "Library/ActivationManager.h"
 
+#include "Library/StateFile.h"
 #include "LibraryHome.h"
 
 #include <QCoroTask>
@@ -136,6 +137,28 @@ TEST_F(ActivationManagerTest, KeepsWhatOtherProcessesChanged)
     EXPECT_THAT(m_manager.activePaths(), ElementsAre(a, b, c));
     EXPECT_EQ(readJson("activation.json"), (nlohmann::json{a, b, c}));
     EXPECT_THAT(linked(), ElementsAre(a, b, c));
+}
+
+TEST_F(ActivationManagerTest, ChangesNothingWhileAnotherProcessHoldsTheList)
+{
+    const std::string a = put("library/a.ttf");
+    const std::string b = put("library/b.ttf");
+    activate({a});
+    const auto file = StateFile::open(stateFile("activation.json"));
+    ActivationManager hasty(m_registry, m_directories, std::chrono::milliseconds(30));
+    EXPECT_FALSE(QCoro::waitFor(hasty.activate({b})));
+    EXPECT_THAT(*hasty.lastError(), testing::HasSubstr("tenu par un autre programme"));
+    EXPECT_THAT(linked(), ElementsAre(a));
+    EXPECT_THAT(hasty.activePaths(), ElementsAre(a));
+    file->close();
+    EXPECT_TRUE(activate({b}));
+}
+
+TEST_F(ActivationManagerTest, PassesOverPathsThatNoFileCanHave)
+{
+    const std::string a = put("library/a.ttf");
+    writeFile(stateFile("activation.json"), "[\"" + a + "\\u0000x.ttf\", \"relative.ttf\", \"" + a + "\"]");
+    EXPECT_THAT(afterLaunch(), ElementsAre(a));
 }
 
 TEST_F(ActivationManagerTest, SaysWhenItCannotWriteDownWhatIsActive)

@@ -5,6 +5,7 @@
 
 #include <QCoroTask>
 #include <QElapsedTimer>
+#include <QSemaphore>
 #include <QThreadPool>
 
 #include <cstdlib>
@@ -181,18 +182,21 @@ TEST_F(FolderLibraryTest, TestsTheListAgainAfterTheScanOfAFolderThatIsAdded)
 {
     const std::string inner = put("Polices/Fonderie/a.ttf");
     const std::string outer = put("Polices/b.ttf");
-    QThreadPool::globalInstance()->setMaxThreadCount(1); // folders are read in the order of the calls
+    QThreadPool *const pool = QThreadPool::globalInstance();
+    pool->setMaxThreadCount(1); // folders are read in the order of the calls
     const auto addBoth = [&](const char *first, const char *second) {
+        QSemaphore gate; // no scan ends before both have begun
+        pool->start([&gate] { gate.acquire(); });
         auto adding = m_library.add(m_home / first);
         auto addingToo = m_library.add(m_home / second);
+        gate.release();
         EXPECT_TRUE(QCoro::waitFor(std::move(adding)));
         const bool isAdded = QCoro::waitFor(std::move(addingToo)).has_value();
         EXPECT_THAT(m_library.folders(), SizeIs(1));
         EXPECT_THAT(m_library.files(), SizeIs(1));
         EXPECT_THAT(readJson("watched-folders.json"), SizeIs(1));
-        const std::vector<std::string> listed = filesOf(fs::path(m_library.folders().at(0).path).filename());
-        EXPECT_THAT(m_processFonts->paths(), testing::UnorderedElementsAreArray(listed));
         const std::string name = fs::path(m_library.folders().at(0).path).filename();
+        EXPECT_THAT(m_processFonts->paths(), testing::UnorderedElementsAreArray(filesOf(name)));
         QCoro::waitFor(m_library.remove(m_library.folders().at(0).id));
         return std::pair(isAdded, name);
     };
@@ -200,7 +204,8 @@ TEST_F(FolderLibraryTest, TestsTheListAgainAfterTheScanOfAFolderThatIsAdded)
     EXPECT_EQ(addBoth("Polices/Fonderie", "Polices"), (std::pair<bool, std::string>(true, "Polices")));
     EXPECT_EQ(addBoth("Polices", "Polices/Fonderie"), (std::pair<bool, std::string>(true, "Fonderie")));
     EXPECT_EQ(addBoth("Polices", "Polices"), (std::pair<bool, std::string>(false, "Polices")));
-    QThreadPool::globalInstance()->setMaxThreadCount(QThread::idealThreadCount());
+
+    pool->setMaxThreadCount(QThread::idealThreadCount());
 }
 
 TEST_F(FolderLibraryTest, ListsTheManagedLibraryFirstAndNeverWritesIt)
@@ -289,11 +294,77 @@ TEST_F(FolderLibraryTest, SharesItsListWithOtherProcesses)
     EXPECT_THAT(processFonts->paths(), ElementsAre(m_home / "B/b.ttf", m_home / "C/c.ttf"));
 }
 
+TEST_F(FolderLibraryTest, ForgetsAFolderThatAnotherProcessRemoved)
+{
+    put("A/a.ttf");
+    const std::string b = put("B/b.ttf");
+    const std::string c = put("C/c.ttf");
+    add(m_home / "A");
+    add(m_home / "B");
+    const std::string id = idOf("A");
+    InotifyEventStream stream({.latency = 5ms});
+    LinuxFontRegistry registry(std::make_shared<ProcessFonts>(), activationLinksFolder(m_directories));
+    FolderLibrary other(m_activation, registry, stream, m_directories);
+    QCoro::waitFor(other.rescanAll());
+    QCoro::waitFor(other.remove(id));
+    QCoro::waitFor(m_library.setAutoActivate(id, true)); // which is no longer there
+    EXPECT_THAT(linked(), IsEmpty());
+    add(m_home / "C");
+    EXPECT_THAT(m_library.files(), SizeIs(2));
+    EXPECT_THAT(m_processFonts->paths(), ElementsAre(b, c));
+}
+
+TEST_F(FolderLibraryTest, TellsOfAChangeWhenItIsDone)
+{
+    put("A/a.ttf");
+    fs::create_directories(m_home / "vide");
+    add(m_home / "A");
+    std::size_t seen = 99;
+    const auto observer = m_library.bindableRevision().onValueChanged([&] { seen = m_library.folders().size(); });
+    QCoro::waitFor(m_library.remove(idOf("A")));
+    EXPECT_EQ(seen, 0U);
+
+    // A folder that has lost its files is empty; as long as it is, each scan counts as a change.
+    const std::string b = put("B/b.ttf");
+    add(m_home / "B");
+    fs::remove(b);
+    const std::int64_t before = m_library.revision();
+    rescan();
+    EXPECT_THAT(filesOf("B"), IsEmpty());
+    EXPECT_THAT(m_processFonts->paths(), IsEmpty());
+    rescan();
+    EXPECT_EQ(m_library.revision(), before + 2);
+
+    auto first = m_library.rescanAll();
+    auto second = m_library.rescanAll();
+    QCoro::waitFor(std::move(first));
+    EXPECT_TRUE(m_library.isScanning());
+    QCoro::waitFor(std::move(second));
+    EXPECT_FALSE(m_library.isScanning());
+}
+
+// What a folder around already made usable is not new, and so not activated.
+TEST_F(FolderLibraryTest, ActivatesOnlyFilesThatAreNewToTheProcess)
+{
+    put("Polices/Fonderie/a.ttf");
+    writeFile(
+        stateFile("watched-folders.json"),
+        nlohmann::json{
+            {{"id", "1"}, {"path", m_home / "Polices"}, {"autoActivate", false}, {"isManagedLibrary", false}},
+            {{"id", "2"}, {"path", m_home / "Polices/Fonderie"}, {"autoActivate", true}, {"isManagedLibrary", false}}}
+            .dump());
+    FolderLibrary library(m_activation, m_registry, m_stream, m_directories);
+    QCoro::waitFor(library.rescanAll());
+    EXPECT_THAT(linked(), IsEmpty());
+    put("Polices/Fonderie/b.ttf"); // both see it, and the folder around comes first
+    QCoro::waitFor(library.rescanAll());
+    EXPECT_THAT(linked(), IsEmpty());
+}
+
 TEST_F(FolderLibraryTest, LeavesAListThatItCannotReadAloneUntilTheNextChange)
 {
     put("Polices/a.ttf");
     const char *lists[]{"nonsense", "{}", R"([{"id": "1", "path": "/a", "autoActivate": false}])",
-                        R"([{"id": "1", "path": "", "autoActivate": false, "isManagedLibrary": false}])",
                         R"([{"id": "1", "path": "/a", "autoActivate": 0, "isManagedLibrary": false}])"};
     for (const char *list : lists) {
         writeFile(stateFile("watched-folders.json"), list);
@@ -305,7 +376,7 @@ TEST_F(FolderLibraryTest, LeavesAListThatItCannotReadAloneUntilTheNextChange)
     }
     add(m_home / "Polices");
     EXPECT_THAT(readJson("watched-folders.json"), SizeIs(1));
-    EXPECT_EQ(readFile(stateFile("watched-folders.json.unreadable-1")), lists[4]);
+    EXPECT_EQ(readFile(stateFile("watched-folders.json.unreadable-1")), lists[3]);
 }
 
 TEST_F(FolderLibraryTest, WorksWithoutAPlaceToWrite)
@@ -314,8 +385,43 @@ TEST_F(FolderLibraryTest, WorksWithoutAPlaceToWrite)
     writeFile(m_directories.applicationSupport, "a file in the place of the folder");
     EXPECT_EQ(add(m_home / "Polices"), 1);
     EXPECT_TRUE(m_library.saveError());
+    fs::remove(m_directories.applicationSupport);
+    writeFile(stateFile("watched-folders.json"), "[]"); // what could not be written is not given up for it
     rescan();
     EXPECT_THAT(m_library.folders(), SizeIs(1));
+}
+
+// What nobody would write, but anybody can.
+TEST_F(FolderLibraryTest, TakesNoHarmFromOddEntries)
+{
+    put("Polices/a.ttf");
+    const fs::path odd = m_home / "odd\xFF";
+    fs::create_directories(odd);
+    fs::create_directory_symlink(odd, m_home / "link");
+    const std::string deep = std::string(200'000, '[') + std::string(200'000, ']');
+    const auto entry = [](const std::string &id, const std::string &path) {
+        return R"({"id":)" + id + R"(,"path":")" + path + R"(","autoActivate":false,"isManagedLibrary":false})";
+    };
+    writeFile(stateFile("watched-folders.json"), "[" + entry(deep, "/tmp") + "]");
+    EXPECT_TRUE(FolderLibrary(m_activation, m_registry, m_stream, m_directories).isListUnreadable());
+
+    const std::string link = m_home / "link";
+    writeFile(stateFile("watched-folders.json"),
+              "[" + entry("\"1\"", link) + "," + entry("\"2\"", "") + "," + entry("\"3\"", "/tmp\\u0000x") + "]");
+    FolderLibrary library(m_activation, m_registry, m_stream, m_directories);
+    EXPECT_EQ(paths(library), std::vector<std::string>{link});
+    EXPECT_TRUE(QCoro::waitFor(library.add(m_home / "Polices")));
+    EXPECT_THAT(readJson("watched-folders.json"), SizeIs(2));
+
+    library.remove("1");
+    writeFile(stateFile("migration-manifest.json"), "[{}]");
+    put("data/Kerlune/Library/a.ttf");
+    library.refreshManagedLibraryEntry();
+    QCoro::waitFor(library.rescanAll());
+    EXPECT_THAT(m_processFonts->paths(), SizeIs(2));
+    writeFile(stateFile("migration-manifest.json"), "[]");
+    library.refreshManagedLibraryEntry();
+    EXPECT_THAT(m_processFonts->paths(), SizeIs(1));
 }
 
 TEST_F(FolderLibraryTest, MayGoWhileItWorks)

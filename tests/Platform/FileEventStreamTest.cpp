@@ -10,6 +10,8 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <random>
+#include <thread>
 
 namespace kerlune {
 namespace {
@@ -93,9 +95,106 @@ TEST_F(InotifyTreeTest, KeepsUpWithFoldersThatComeMoveAndGo)
     EXPECT_FALSE(sawChange(tree));
 }
 
+// A watch follows its folder: a walk may meet it under its new name before the events of the move are read.
+TEST_F(InotifyTreeTest, LosesNoFolderThatMovesJustBeforeItIsLookedAt)
+{
+    const std::pair<const char *, std::function<void(InotifyTree &)>> cases[]{
+        {"before a walk",
+         [&](InotifyTree &tree) {
+             fs::rename(root() / "d", root() / "e");
+             tree.walkAgain();
+         }},
+        {"in the place of one that went",
+         [&](InotifyTree &) {
+             fs::create_directory(root() / "e");
+             fs::remove(root() / "e");
+             fs::rename(root() / "d", root() / "e");
+         }},
+        {"in the place of one that moved",
+         [&](InotifyTree &) {
+             fs::permissions(root() / "b", fs::perms::owner_all);
+             fs::rename(root() / "b", root() / "e");
+             fs::rename(root() / "d", root() / "b");
+         }},
+    };
+    for (const auto &[what, change] : cases) {
+        fs::remove_all(root());
+        makeFolders({"b/sub", "d/sub"});
+        InotifyTree tree(InotifyTree::Links::Leave, kNeverStopping);
+        tree.follow({{root()}});
+        change(tree);
+        while (sawChange(tree)) {
+        }
+        EXPECT_EQ(tree.watchCount(), 5U) << what;
+    }
+}
+
+// Whatever happens while events are read, in the end every folder has its watch.
+TEST_F(InotifyTreeTest, FollowsEveryFolderAfterAStorm)
+{
+    for (unsigned seed = 1; seed <= 6; ++seed) {
+        fs::remove_all(root());
+        makeFolders({"a"});
+        InotifyTree tree(InotifyTree::Links::Leave, kNeverStopping);
+        tree.follow({{root()}});
+        std::atomic<bool> isOver = false;
+        std::thread storm([&] {
+            std::mt19937 random(seed);
+            const auto anyPath = [&] {
+                fs::path path = root();
+                for (unsigned depth = 1 + random() % 3; depth > 0; --depth)
+                    path /= std::string(1, static_cast<char>('a' + random() % 4));
+                return path;
+            };
+            for (int i = 0; i < 2'000; ++i) {
+                std::error_code ignored;
+                const unsigned what = random() % 8;
+                if (what < 3)
+                    fs::create_directories(anyPath(), ignored);
+                else if (what < 6)
+                    fs::rename(anyPath(), anyPath(), ignored);
+                else if (what == 6)
+                    fs::remove(anyPath(), ignored);
+                else
+                    fs::permissions(anyPath(), fs::perms::owner_all, ignored);
+            }
+            isOver = true;
+        });
+        while (!isOver)
+            tree.readEvents();
+        storm.join();
+        while (sawChange(tree)) {
+        }
+        std::size_t folders = 1;
+        for (const auto &entry : fs::recursive_directory_iterator(root()))
+            folders += entry.is_directory() ? 1 : 0;
+        EXPECT_EQ(tree.watchCount(), folders) << seed;
+    }
+}
+
+TEST_F(InotifyTreeTest, FollowsAFolderOnceItMayBeRead)
+{
+    makeFolders({"closed/sub"});
+    fs::permissions(m_home.path(), fs::perms::all);
+    fs::permissions(root(), fs::perms::all);
+    fs::permissions(root() / "closed", fs::perms::none);
+    const uid_t self = geteuid(); // root, whom no permission keeps out, becomes nobody
+    ASSERT_EQ(seteuid(self == 0 ? 65534 : self), 0);
+    InotifyTree tree(InotifyTree::Links::Leave, kNeverStopping);
+    tree.follow({{root()}});
+    EXPECT_EQ(tree.watchCount(), 1U);
+    EXPECT_TRUE(tree.isComplete());
+    ASSERT_EQ(seteuid(self), 0);
+    fs::permissions(root() / "closed", fs::perms::all);
+    while (sawChange(tree)) {
+    }
+    EXPECT_EQ(tree.watchCount(), 3U);
+}
+
 TEST_F(InotifyTreeTest, SaysWhetherAFolderChangedSinceItWasLookedAt)
 {
     makeFolders({"a/b"});
+    fs::last_write_time(root() / "a/b", fs::file_time_type::clock::now() - 1000h); // as archivers restore it
     const auto later = std::chrono::system_clock::now() + 1h;
     const auto earlier = std::chrono::system_clock::now() - 1h;
     InotifyTree tree(InotifyTree::Links::Leave, kNeverStopping);

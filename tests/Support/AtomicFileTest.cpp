@@ -3,6 +3,9 @@
 #include "TempFolder.h"
 
 #include <gmock/gmock.h>
+#include <sys/resource.h>
+
+#include <csignal>
 
 namespace kerlune {
 namespace {
@@ -25,6 +28,24 @@ TEST(AtomicFile, SaysWhyItFailedAndKeepsTheOldFile)
     ASSERT_FALSE(written);
     EXPECT_FALSE(written.error().empty());
     EXPECT_EQ(readFile(folder / "file"), "old");
+}
+
+// A limit on the size of files stands for a full disk: in both cases the bytes are refused when they leave the buffer.
+TEST(AtomicFile, KeepsTheOldFileWhenTheNewOneFindsNoRoom)
+{
+    const TempFolder folder;
+    writeFile(folder / "file", "old");
+    rlimit before = {};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+    const auto formerHandler = signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{4, before.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    const auto written = writeFileAtomically(folder / "file", "a new version");
+    setrlimit(RLIMIT_FSIZE, &before);
+    signal(SIGXFSZ, formerHandler);
+    EXPECT_FALSE(written);
+    EXPECT_EQ(readFile(folder / "file"), "old");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
 }
 
 } // namespace

@@ -109,7 +109,9 @@ int InotifyTree::visit(const std::string &folder, Walk &walk, std::vector<std::s
         m_isComplete = false;
         return -1;
     }
-    const int watch = m_descriptor < 0 ? -1 : inotify_add_watch(m_descriptor, folder.c_str(), kEvents | IN_ONLYDIR);
+    const std::uint32_t links = m_links == Links::Leave && !isRoot(folder) ? IN_DONT_FOLLOW : 0;
+    const int watch =
+        m_descriptor < 0 ? -1 : inotify_add_watch(m_descriptor, folder.c_str(), kEvents | IN_ONLYDIR | links);
     if (watch < 0) {
         // A folder that is gone or that may not be read has nothing to follow; anything else is a limit.
         m_isComplete = m_isComplete && (errno == ENOENT || errno == EACCES || errno == ENOTDIR || errno == ELOOP ||
@@ -126,7 +128,7 @@ int InotifyTree::visit(const std::string &folder, Walk &walk, std::vector<std::s
     const int descriptor = dirfd(directory.get());
     struct stat status = {};
     if (fstat(descriptor, &status) == 0)
-        walk.newest = std::max(walk.newest.value_or(timeOf(status.st_mtim)), timeOf(status.st_mtim));
+        walk.newest = std::max(walk.newest.value_or(timeOf(status.st_ctim)), timeOf(status.st_ctim));
     while (const dirent *entry = readdir(directory.get())) { // NOLINT(concurrency-mt-unsafe): one stream, one thread
         if (entry->d_name[0] != '.' && isSubfolder(descriptor, entry->d_name, entry->d_type))
             subfolders.push_back(join(folder, entry->d_name));
@@ -210,20 +212,33 @@ void InotifyTree::handle(int watch, std::uint32_t mask, std::string_view name, N
         forget(watch);
         return;
     }
+    // A watch follows its folder, and a walk may have found it under its new name before the events of the move are
+    // read. So an event says only where to look; what is there now counts.
     if ((mask & IN_MOVE_SELF) != 0) {
         leaveTree(folder);
+        lookAgain(folder);
         return;
     }
     if (name.empty() || name.front() == '.')
         return;
     const std::string path = join(folder, name);
-    if ((mask & IN_MOVED_FROM) != 0) {
+    if ((mask & IN_MOVED_FROM) != 0)
         leaveTree(path);
-    } else if ((mask & (IN_CREATE | IN_MOVED_TO | IN_ATTRIB)) != 0 &&
-               ((mask & IN_ISDIR) != 0 || isSubfolder(AT_FDCWD, path.c_str(), DT_LNK))) {
-        Walk one;
-        walk(path, one);
-    }
+    const bool mayBeFolder = (mask & IN_ISDIR) != 0 || isSubfolder(AT_FDCWD, path.c_str(), DT_LNK);
+    if (mayBeFolder && (mask & (IN_CREATE | IN_MOVED_FROM | IN_MOVED_TO | IN_ATTRIB)) != 0)
+        lookAgain(path);
+}
+
+void InotifyTree::lookAgain(const std::string &folder)
+{
+    Walk one;
+    walk(folder, one);
+}
+
+bool InotifyTree::isRoot(const std::string &folder) const
+{
+    return std::any_of(m_roots.begin(), m_roots.end(),
+                       [&](const RootState &state) { return state.root.path == folder; });
 }
 
 bool InotifyTree::checkRoots()

@@ -81,6 +81,8 @@ private:
     void leaveTree(const std::string &top);
     bool readIdentity(RootState &state) const; // says whether it changed
 
+    bool isRoot(const std::string &folder) const;
+    void lookAgain(const std::string &folder); // whatever it is now
     void handle(int watch, std::uint32_t mask, std::string_view name, News &news);
 
     Links m_links;
