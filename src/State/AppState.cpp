@@ -1,0 +1,208 @@
+#include "State/AppState.h"
+
+#include "Platform/FontCatalog.h"
+#include "Platform/FontRegistry.h"
+#include "Support/Localization.h"
+
+#include <QPointer>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <set>
+
+// A future is always named before it is awaited; see docs/decisions/0003-futures-are-named.md.
+
+namespace kerlune {
+
+namespace {
+
+constexpr std::array<std::pair<ViewMode, std::string_view>, 4> kViewModes{{{ViewMode::grid, "grid"},
+                                                                           {ViewMode::list, "list"},
+                                                                           {ViewMode::waterfall, "waterfall"},
+                                                                           {ViewMode::compare, "compare"}}};
+
+QString settingsFile(const Directories &directories)
+{
+    return QString::fromStdString(directories.configuration / "settings.ini");
+}
+
+QString previewTextKey()
+{
+    return QStringLiteral("previewText");
+}
+
+QString previewSizeKey()
+{
+    return QStringLiteral("previewSize");
+}
+
+} // namespace
+
+std::string label(ViewMode mode)
+{
+    switch (mode) {
+    case ViewMode::grid:
+        return localized("Grille");
+    case ViewMode::list:
+        return localized("Liste");
+    case ViewMode::waterfall:
+        return localized("Cascade");
+    case ViewMode::compare:
+        return localized("Comparer");
+    }
+    return {};
+}
+
+std::string_view viewModeKey(ViewMode mode)
+{
+    return kViewModes[static_cast<std::size_t>(mode)].second;
+}
+
+std::optional<ViewMode> viewModeFromKey(std::string_view key)
+{
+    for (const auto &[mode, word] : kViewModes) {
+        if (word == key)
+            return mode;
+    }
+    return std::nullopt;
+}
+
+AppState::AppState(const Surroundings &surroundings)
+    : AppState(surroundings, Delays())
+{}
+
+AppState::AppState(const Surroundings &surroundings, const Delays &delays)
+    : library(std::make_shared<const LoadedLibrary>())
+    , m_catalog(surroundings.catalog)
+    , m_delays(delays)
+    , m_activation(surroundings.registry, surroundings.directories)
+    , m_folders(m_activation, surroundings.registry, surroundings.events, surroundings.directories,
+                delays.folderRescan)
+    , m_settings(settingsFile(surroundings.directories), QSettings::IniFormat)
+    , m_foreignChanges({surroundings.directories.applicationSupport / "watched-folders.json",
+                        surroundings.directories.applicationSupport / "activation.json"},
+                       delays.foreignChanges)
+    , m_registryRefresh(delays.registryRefresh, [this] { refreshRegisteredFonts(); })
+    , m_noticeDismissal(delays.notice, [this] { dismissNotice(); })
+    , m_feedbackDismissal(delays.applied, [this] { applyFeedback.set(std::nullopt); })
+{
+    auto store = FontIndexStore::open(FontIndexStore::defaultPath(surroundings.directories.applicationSupport));
+    if (store) {
+        m_store = *std::move(store);
+    } else {
+        m_storeError = std::move(store).error();
+        loadError.set(m_storeError->description());
+    }
+    readSettings();
+    followVisibleList();
+    connect(&surroundings.registry, &FontRegistry::registeredFontsChanged, this,
+            [this] { m_registryRefresh.trigger(); });
+    m_foreignChanges.follow(m_store);
+    connect(&m_foreignChanges, &ForeignChanges::databaseChanged, this, [this] {
+        reloadUserData();
+        takeOverForeignIndex();
+    });
+    connect(&m_foreignChanges, &ForeignChanges::filesChanged, this, [this] {
+        m_activation.reload();
+        m_folders.rescanAll();
+    });
+}
+
+AppState::~AppState() = default;
+
+void AppState::readSettings()
+{
+    previewText = m_settings.value(previewTextKey(), QString::fromUtf8(kDefaultPreviewText)).toString().toStdString();
+    const double size = m_settings.value(previewSizeKey(), kDefaultPreviewSize).toDouble();
+    previewSize = std::isfinite(size) && size > 0 ? size : kDefaultPreviewSize;
+    m_observers.push_back(previewText.addNotifier(
+        [this] { m_settings.setValue(previewTextKey(), QString::fromStdString(previewText.value())); }));
+    m_observers.push_back(
+        previewSize.addNotifier([this] { m_settings.setValue(previewSizeKey(), previewSize.value()); }));
+}
+
+FontFamilyPointer AppState::family(const std::string &name) const
+{
+    const auto found = library()->familyByName.find(name);
+    return found == library()->familyByName.end() ? nullptr : found->second;
+}
+
+FontRecordPointer AppState::record(const std::string &postScriptName) const
+{
+    const auto found = std::find_if(allRecords().begin(), allRecords().end(), [&](const FontRecordPointer &record) {
+        return record->postScriptName == postScriptName;
+    });
+    return found == allRecords().end() ? nullptr : *found;
+}
+
+FontRecordPointer AppState::activeRecord() const
+{
+    if (const auto &face = selectedFace.value()) {
+        if (auto selected = record(*face))
+            return selected;
+    }
+    const FontFamilyPointer selected = selectedFamily.value() ? family(*selectedFamily.value()) : nullptr;
+    return selected == nullptr ? nullptr : selected->representative();
+}
+
+ActivationState AppState::activationState(const FontFamily &family) const
+{
+    std::size_t managed = 0;
+    std::size_t active = 0;
+    for (const FontRecordPointer &face : family.faces) {
+        if (!m_folders.folderContaining(face->filePath))
+            continue;
+        ++managed;
+        if (m_activation.activePaths().contains(face->filePath))
+            ++active;
+    }
+    if (managed == 0)
+        return ActivationState::system;
+    if (active == 0)
+        return ActivationState::inactive;
+    return active == managed ? ActivationState::active : ActivationState::partial;
+}
+
+QCoro::Task<bool> AppState::setActive(FontFamilyPointer family, bool on)
+{
+    const QPointer<AppState> self(this);
+    std::set<std::string> files;
+    for (const FontRecordPointer &face : family->faces) {
+        if (m_folders.folderContaining(face->filePath))
+            files.insert(face->filePath);
+    }
+    if (files.empty())
+        co_return true;
+    auto changing = on ? m_activation.activate({files.begin(), files.end()})
+                       : m_activation.deactivate({files.begin(), files.end()});
+    const bool isDone = co_await changing;
+    if (self && !isDone) {
+        const std::string error = m_activation.lastError().value_or(std::string());
+        setNotice({on ? localized("Activation incomplète : ") + error : localized("Désactivation incomplète : ") + error,
+                   true});
+    }
+    co_return isDone;
+}
+
+void AppState::setNotice(Notice posted)
+{
+    const bool isError = posted.isError;
+    notice.set(std::move(posted));
+    m_noticeDismissal.trigger(isError ? m_delays.errorNotice : m_delays.notice);
+}
+
+void AppState::dismissNotice()
+{
+    m_noticeDismissal.cancel();
+    notice.set(std::nullopt);
+}
+
+void AppState::setApplyFeedback(ApplyResult feedback)
+{
+    const bool isApplied = std::holds_alternative<ApplyOutcome::Applied>(feedback);
+    applyFeedback.set(std::move(feedback));
+    m_feedbackDismissal.trigger(isApplied ? m_delays.applied : m_delays.notApplied);
+}
+
+} // namespace kerlune

@@ -1,0 +1,252 @@
+#pragma once
+
+#include "Bridge/ApplyResult.h"
+#include "Library/ActivationManager.h"
+#include "Library/FolderLibrary.h"
+#include "State/FilterSignature.h"
+#include "State/ForeignChanges.h"
+#include "State/GlyphCoverage.h"
+#include "State/LoadedLibrary.h"
+#include "State/Observed.h"
+#include "State/SmartCollection.h"
+#include "State/VisibleFamilies.h"
+#include "Store/FontIndexStore.h"
+#include "Support/Debounce.h"
+
+#include <QCoroTask>
+#include <QObject>
+#include <QSettings>
+#include <QThreadPool>
+
+#include <chrono>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace kerlune {
+
+class FontCatalog;
+
+enum class ViewMode { grid, list, waterfall, compare };
+
+std::string label(ViewMode mode);                             // for display
+std::string_view viewModeKey(ViewMode mode);                  // "grid", …
+std::optional<ViewMode> viewModeFromKey(std::string_view key);
+
+// Whether the fonts of a family are shown to every program.
+enum class ActivationState {
+    system, // they are not Kerlune's to activate
+    active,
+    inactive,
+    partial,
+};
+
+struct Notice {
+    std::string text;
+    bool isError = false;
+
+    bool operator==(const Notice &) const = default;
+};
+
+struct KeyboardFocus {
+    std::string family;
+    int step = 0; // changes at each move, so that the same family can be focused again
+
+    bool operator==(const KeyboardFocus &) const = default;
+};
+
+// What the interface observes: the library in memory, what the user made of it, what is selected, and the commands on
+// these.
+//
+// Thread: main; every field changes there. What takes long is done on others.
+// Errors: a database that cannot be opened is told in loadError, and the library stays empty. Commands on the user's own
+// data answer false when nothing could be written, and then change nothing.
+class AppState final : public QObject {
+    Q_OBJECT
+
+    template <typename Value>
+    using Field = Observed<Value, AppState>;
+
+public:
+    using Families = std::vector<FontFamilyPointer>;
+    using FamilyNames = std::set<std::string>;
+    using Collections = std::vector<FontIndexStore::Collection>;
+
+    struct Delays {
+        std::chrono::milliseconds registryRefresh{1'500};
+        std::chrono::milliseconds folderRescan = FolderLibrary::kRescanDelay;
+        std::chrono::milliseconds notice{4'000};
+        std::chrono::milliseconds errorNotice{6'000};
+        std::chrono::milliseconds applied{2'200};
+        std::chrono::milliseconds notApplied{5'000};
+        std::chrono::milliseconds foreignChanges{2'000};
+    };
+
+    // What must outlive the state.
+    struct Surroundings {
+        const FontCatalog &catalog;
+        FontRegistry &registry;
+        FileEventStream &events; // of the watched folders
+        const Directories &directories;
+    };
+
+    static constexpr int kMostRecents = 40;
+    static constexpr const char *kDefaultPreviewText = "Kerlune";
+    static constexpr double kDefaultPreviewSize = 34; // points
+
+    // Opens the database and reads the settings; load() does the rest.
+    explicit AppState(const Surroundings &surroundings);
+    AppState(const Surroundings &surroundings, const Delays &delays);
+    ~AppState() override;
+
+    // The library.
+    Field<std::shared_ptr<const LoadedLibrary>> library; // never null
+    Field<bool> isIndexing;                              // load() or rebuildIndex() runs
+    Field<double> indexProgress;                         // 0…1
+    Field<std::string> indexMessage;                     // what is being done, empty when nothing is
+    Field<std::optional<std::string>> loadError;         // stands in place of the library
+
+    // What the user has in front of them.
+    QProperty<Filters> filters;
+    QProperty<SidebarSelection> sidebarSelection;
+    QProperty<std::optional<std::string>> selectedFamily; // its name
+    QProperty<std::optional<std::string>> selectedFace;   // its PostScript name
+    QProperty<std::vector<std::string>> comparisonSet;    // family names
+    QProperty<std::string> previewText;                   // kept between launches
+    QProperty<double> previewSize;                        // points, kept between launches
+    QProperty<ViewMode> viewMode;
+    QProperty<std::optional<std::vector<std::string>>> tagPromptFamilies; // for which a tag is being asked
+    QProperty<bool> smartPromptVisible;
+    QProperty<std::optional<std::string>> scrollTarget; // the family to scroll to
+    QProperty<std::optional<KeyboardFocus>> keyboardFocus;
+
+    // What the user made. Nothing of it goes when fonts go.
+    Field<FamilyNames> favorites;
+    Field<Collections> collections;
+    Field<std::map<std::string, FamilyNames>> collectionCache; // members by collection id
+    Field<std::vector<std::string>> recents;                   // family names, most recent first
+    Field<TagsByFamily> tagsByFamily;
+    Field<std::vector<SmartCollection>> smartCollections; // in creation order
+    Field<std::int64_t> collectionsRevision;
+    Field<std::int64_t> tagsRevision;
+    Field<std::int64_t> smartRevision;
+
+    // What has just happened; gone by itself after a while.
+    Field<std::optional<Notice>> notice;
+    Field<std::optional<ApplyResult>> applyFeedback;
+
+    const std::vector<FontRecordPointer> &allRecords() const { return library()->records; }
+    const Families &families() const { return library()->families; } // in library order
+    FontFamilyPointer family(const std::string &name) const;         // null when there is none
+    FontRecordPointer record(const std::string &postScriptName) const; // null when there is none
+    FontRecordPointer activeRecord() const; // the selected face, else that of the selected family; or null
+
+    ActivationManager &activation() { return m_activation; }
+    const ActivationManager &activation() const { return m_activation; }
+    FolderLibrary &folderLibrary() { return m_folders; }
+    const FolderLibrary &folderLibrary() const { return m_folders; }
+    const std::shared_ptr<FontIndexStore> &store() const { return m_store; } // null when it could not be opened
+    const std::optional<FontIndexStore::StoreError> &storeError() const { return m_storeError; }
+
+    // Loading.
+    QCoro::Task<> load();         // a second one while one runs returns at once
+    QCoro::Task<> rebuildIndex(); // likewise
+    QCoro::Task<> refreshRegisteredFonts(); // takes over what the system offers by now
+    void reloadUserData();        // takes over what other processes made
+
+    // The visible list and the numbers beside the sidebar, computed when something that they depend on has changed.
+    const Families &visibleFamilies() const;
+    Families computeVisibleFamilies() const;
+    FilterSignature filterSignature() const;
+    const LibraryCounts &counts() const;
+    const std::map<std::string, std::int64_t> &languageCounts() const; // by language id
+    std::int64_t familyCountInFolder(const std::string &id) const;
+    const std::vector<FontFamily> &duplicateFamilies() const;
+    ViewMode effectiveViewMode() const; // some selections have no other than the grid
+
+    // Activation.
+    ActivationState activationState(const FontFamily &family) const;
+    QCoro::Task<bool> setActive(FontFamilyPointer family, bool on); // false, with a notice, when a file failed
+
+    // Tags.
+    std::vector<std::pair<std::string, std::int64_t>> allTags() const; // with the number of families, as names sort
+    std::vector<std::string> tags(const std::string &family) const;    // sorted
+    bool setTag(const std::string &tag, const std::vector<std::string> &onFamilies, bool on);
+    bool renameTag(const std::string &tag, const std::string &name);
+    bool deleteTag(const std::string &tag);
+    void reloadTags();
+
+    // Collections.
+    std::optional<std::string> createCollection(const std::string &name); // its id
+    bool renameCollection(const std::string &id, const std::string &name);
+    bool deleteCollection(const std::string &id);
+    bool addToCollection(const std::string &id, const std::vector<std::string> &families);
+    bool removeFromCollection(const std::string &id, const std::vector<std::string> &families);
+    std::vector<std::string> collectionFontPaths(const std::string &id) const; // of all faces of its families, sorted
+
+    // Smart collections.
+    std::optional<std::string> saveCurrentFiltersAsSmartCollection(const std::string &name); // its id
+    bool updateSmartCollection(const std::string &id); // takes the current filters
+    bool renameSmartCollection(const std::string &id, const std::string &name);
+    bool deleteSmartCollection(const std::string &id);
+    void reloadSmartCollections();
+
+    // Favourites and recently used families.
+    bool toggleFavorite(const std::string &family);
+    bool noteUsed(const std::string &family);
+
+    void setNotice(Notice notice);
+    void dismissNotice();
+    void setApplyFeedback(ApplyResult feedback);
+
+Q_SIGNALS:
+    void visibleFamiliesChanged(); // or may have
+
+private:
+    struct CachedList {
+        FilterSignature signature;
+        std::int64_t revision; // of what the signature only counts
+        Families families;
+    };
+
+    LibraryContext context() const;
+    void readSettings();
+    void followVisibleList();
+    void publish(std::shared_ptr<const LoadedLibrary> library);
+    QCoro::Task<> loadRecords();
+    QCoro::Task<bool> loadStoredRecords();
+    QCoro::Task<> index(std::int64_t count);
+    QCoro::Task<> takeOverForeignIndex();
+    void reloadCollections();
+    void reloadFavorites();
+    void reloadRecents();
+    template <typename Change>
+    bool write(Change &&change); // to the store; false without one
+
+    const FontCatalog &m_catalog;
+    Delays m_delays;
+    std::shared_ptr<FontIndexStore> m_store; // shared with work on other threads
+    std::optional<FontIndexStore::StoreError> m_storeError;
+    ActivationManager m_activation;
+    FolderLibrary m_folders;
+    QSettings m_settings;
+    ForeignChanges m_foreignChanges;
+
+    std::int64_t m_listRevision = 0; // grows with changes that the signature does not tell apart
+    mutable GlyphCoverage m_glyphs;
+    mutable std::optional<CachedList> m_visible;
+    mutable std::optional<LibraryCounts> m_counts;
+    mutable std::optional<std::map<std::string, std::int64_t>> m_languageCounts;
+    mutable std::optional<std::vector<FontFamily>> m_duplicates;
+
+    bool m_isRefreshing = false;
+    std::optional<std::string> m_indexedAt; // of the stored index that is loaded
+    Debounce m_registryRefresh;
+    Debounce m_noticeDismissal;
+    Debounce m_feedbackDismissal;
+    std::vector<QPropertyNotifier> m_observers;
+    QThreadPool m_pool; // the last one: it waits for what still runs
+};
+
+} // namespace kerlune

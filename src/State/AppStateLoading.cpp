@@ -1,0 +1,224 @@
+#include "State/AppState.h"
+
+#include "Model/FontIndexer.h"
+#include "State/RecordRefresh.h"
+#include "Support/Localization.h"
+
+#include <QCoroFuture>
+#include <QFutureWatcher>
+#include <QPointer>
+#include <QPromise>
+#include <QScopeGuard>
+#include <QtConcurrentRun>
+
+// Reading the library at the start, indexing it, and following what the system offers.
+// A future is always named before it is awaited; see docs/decisions/0003-futures-are-named.md.
+
+namespace kerlune {
+
+namespace {
+
+using Library = std::shared_ptr<const LoadedLibrary>;
+
+struct Offer {
+    std::int64_t count = 0;
+    std::optional<SkippedFont> obstacle; // the system was not asked because of it
+};
+
+Offer countFonts(const FontCatalog &catalog)
+{
+    const FontCatalog::Listing listing = catalog.availableFonts(Duplicates::Remove);
+    return {static_cast<std::int64_t>(listing.fonts.size()), systemObstacle(listing.skipped)};
+}
+
+void buildLibrary(QPromise<Library> &promise, const FontCatalog &catalog)
+{
+    auto index = FontIndexer(catalog).buildIndex([&](const FontIndexer::Progress &progress) {
+        promise.setProgressRange(0, static_cast<int>(progress.total));
+        promise.setProgressValue(static_cast<int>(progress.done));
+    });
+    promise.addResult(std::make_shared<const LoadedLibrary>(makeLibrary(std::move(index.records))));
+}
+
+// Null when the store holds nothing.
+Library storedLibrary(FontIndexStore &store)
+{
+    auto records = store.loadAll();
+    return records.empty() ? nullptr : std::make_shared<const LoadedLibrary>(makeLibrary(std::move(records)));
+}
+
+// Null when nothing has changed, or the system cannot be asked.
+Library refreshedLibrary(const FontCatalog &catalog, const std::vector<FontRecordPointer> &known)
+{
+    auto records = refreshedRecords(catalog, known);
+    if (!records || sameRecords(*records, known))
+        return nullptr;
+    return std::make_shared<const LoadedLibrary>(makeLibrary(*std::move(records)));
+}
+
+// The index has one row for each name, and counts as many as a start-up will find on offer.
+bool save(FontIndexStore &store, const LoadedLibrary &library)
+{
+    return store.replaceAll(firstOfEachName(library.records)).has_value();
+}
+
+} // namespace
+
+QCoro::Task<> AppState::load()
+{
+    if (isIndexing())
+        co_return;
+    const QPointer<AppState> self(this);
+    isIndexing.set(true);
+    indexProgress.set(0);
+    loadError.set(std::nullopt);
+    if (m_store == nullptr) {
+        loadError.set(m_storeError->description());
+        isIndexing.set(false);
+        co_return;
+    }
+    reloadUserData();
+    co_await m_activation.reapplyOnLaunch();
+    if (!self)
+        co_return;
+    if (const auto &error = m_activation.lastError())
+        setNotice({localized("Activation incomplète : ") + *error, true});
+    indexMessage.set(localized("Lecture des dossiers surveillés…"));
+    m_folders.refreshManagedLibraryEntry();
+    co_await m_folders.rescanAll();
+    if (!self)
+        co_return;
+    m_folders.startMonitoring();
+    co_await readRecords(StoredIndex::MayServe);
+    if (!self)
+        co_return;
+    finishIndexing();
+    m_registryRefresh.trigger(); // files that were changed in place leave the count as it was
+}
+
+QCoro::Task<> AppState::rebuildIndex()
+{
+    if (isIndexing() || m_store == nullptr)
+        co_return;
+    const QPointer<AppState> self(this);
+    isIndexing.set(true);
+    indexProgress.set(0);
+    co_await readRecords(StoredIndex::IsPassedOver);
+    if (self)
+        finishIndexing();
+}
+
+void AppState::finishIndexing()
+{
+    indexMessage.set({});
+    isIndexing.set(false);
+}
+
+QCoro::Task<> AppState::readRecords(StoredIndex storedIndex)
+{
+    const QPointer<AppState> self(this);
+    const auto counting = QtConcurrent::run(&m_pool, countFonts, std::cref(m_catalog));
+    const Offer offer = co_await counting;
+    if (!self)
+        co_return;
+    if (offer.obstacle) {
+        setNotice({localized("Les polices du système ne peuvent pas être lues. %1 : %2",
+                             {offer.obstacle->path, describe(offer.obstacle->reason)}),
+                   true});
+    }
+    const bool mayServe =
+        offer.obstacle || (storedIndex == StoredIndex::MayServe && m_store->indexedCount() == offer.count);
+    if (mayServe && m_store->indexedCount() != 0) {
+        indexMessage.set(localized("Lecture de l'index…"));
+        const bool isRead = co_await readStoredRecords();
+        if (!self || isRead)
+            co_return;
+    }
+    co_await index(offer);
+}
+
+QCoro::Task<bool> AppState::readStoredRecords()
+{
+    const QPointer<AppState> self(this);
+    const auto indexedAt = m_store->meta("indexed_at");
+    const auto reading = QtConcurrent::run(&m_pool, [store = m_store] { return storedLibrary(*store); });
+    const Library stored = co_await reading;
+    if (!self || stored == nullptr)
+        co_return false;
+    m_indexedAt = indexedAt;
+    publish(stored);
+    co_return true;
+}
+
+QCoro::Task<> AppState::index(std::int64_t count)
+{
+    const QPointer<AppState> self(this);
+    indexMessage.set(localized("Analyse de %1 graisses…", {std::to_string(count)}));
+    const QFuture<Library> building = QtConcurrent::run(&m_pool, buildLibrary, std::cref(m_catalog));
+    QFutureWatcher<Library> progress;
+    connect(&progress, &QFutureWatcherBase::progressValueChanged, this,
+            [this, &progress](int done) { showProgress(done, progress.progressMaximum()); });
+    progress.setFuture(building);
+    const Library built = co_await building;
+    if (!self)
+        co_return;
+    publish(built);
+    indexMessage.set(localized("Enregistrement…"));
+    co_await saveIndex();
+}
+
+void AppState::showProgress(int done, int total)
+{
+    indexProgress.set(total < 1 ? 0 : static_cast<double>(done) / total); // tells its observers of changes only
+    indexMessage.set(localized("Analyse %1 / %2", {std::to_string(done), std::to_string(total)}));
+}
+
+QCoro::Task<> AppState::saveIndex()
+{
+    const QPointer<AppState> self(this);
+    const auto saving =
+        QtConcurrent::run(&m_pool, [store = m_store, saved = library()] { return save(*store, *saved); });
+    co_await saving;
+    if (self)
+        m_indexedAt = m_store->meta("indexed_at");
+}
+
+void AppState::publish(std::shared_ptr<const LoadedLibrary> loaded)
+{
+    m_counts.reset();
+    m_languageCounts.reset();
+    m_duplicates.reset();
+    library.set(std::move(loaded));
+}
+
+QCoro::Task<> AppState::refreshRegisteredFonts()
+{
+    if (m_store == nullptr)
+        co_return;
+    if (isIndexing() || m_isRefreshing) { // both publish a library: one after the other
+        m_registryRefresh.trigger();
+        co_return;
+    }
+    const QPointer<AppState> self(this);
+    m_isRefreshing = true;
+    const auto refreshing = QtConcurrent::run(
+        &m_pool, [&catalog = m_catalog, known = library()] { return refreshedLibrary(catalog, known->records); });
+    const Library refreshed = co_await refreshing;
+    if (!self)
+        co_return;
+    m_isRefreshing = false;
+    if (refreshed == nullptr)
+        co_return;
+    publish(refreshed);
+    co_await saveIndex();
+}
+
+// Another process has indexed.
+QCoro::Task<> AppState::takeOverForeignIndex()
+{
+    if (isIndexing() || m_store->meta("indexed_at") == m_indexedAt)
+        co_return;
+    co_await readStoredRecords();
+}
+
+} // namespace kerlune

@@ -1,0 +1,96 @@
+#include "State/FilterPipeline.h"
+
+#include "State/GlyphCoverage.h"
+#include "State/SearchIndex.h"
+#include "Support/Text.h"
+
+#include <algorithm>
+
+namespace kerlune {
+
+namespace {
+
+using Families = std::vector<FontFamilyPointer>;
+
+template <typename Predicate>
+void keep(Families &families, Predicate &&isKept)
+{
+    std::erase_if(families, [&](const FontFamilyPointer &family) { return !isKept(*family); });
+}
+
+bool anyFace(const FontFamily &family, bool FontRecord::*flag)
+{
+    return std::any_of(family.faces.begin(), family.faces.end(), [&](const auto &face) { return (*face).*flag; });
+}
+
+std::uint64_t scriptMask(const FontFamily &family)
+{
+    std::uint64_t mask = 0;
+    for (const FontRecordPointer &face : family.faces)
+        mask |= face->scriptMask;
+    return mask;
+}
+
+bool carriesAll(const TagsByFamily &tags, const std::string &family, const std::set<std::string> &wanted)
+{
+    const auto carried = tags.find(family);
+    return carried != tags.end() &&
+           std::includes(carried->second.begin(), carried->second.end(), wanted.begin(), wanted.end());
+}
+
+} // namespace
+
+Families apply(const Filters &filters, Families families, const FilterSources &sources, SearchText searchText)
+{
+    if (searchText == SearchText::Included && !filters.search.empty()) {
+        const std::string needle = folded(filters.search);
+        keep(families, [&](const FontFamily &family) { return sources.searchIndex.matches(family.name, needle); });
+    }
+    if (!filters.classes.empty()) {
+        keep(families, [&](const FontFamily &family) {
+            return filters.classes.contains(family.representative()->classification);
+        });
+    }
+    if (filters.onlyVariable)
+        keep(families, [](const FontFamily &family) { return anyFace(family, &FontRecord::isVariable); });
+    if (filters.onlyColor)
+        keep(families, [](const FontFamily &family) { return anyFace(family, &FontRecord::isColor); });
+    if (filters.onlyMonospace)
+        keep(families, [](const FontFamily &family) { return family.representative()->isMonospace; });
+    if (filters.riskyLicenseOnly)
+        keep(families, [](const FontFamily &family) { return family.riskyLicense(); });
+    if (filters.languageBits != 0) {
+        keep(families, [&](const FontFamily &family) { return (filters.languageBits & ~scriptMask(family)) == 0; });
+    }
+    if (!filters.tags.empty())
+        keep(families, [&](const FontFamily &family) { return carriesAll(sources.tags, family.name, filters.tags); });
+    if (filters.onlyItalic)
+        families = narrowedFaces(families, [](const FontRecord &face) { return face.isItalic; });
+    if (filters.hideItalic)
+        families = narrowedFaces(families, [](const FontRecord &face) { return !face.isItalic; });
+    if (filters.weightRange != WeightRange()) {
+        families = narrowedFaces(
+            families, [&](const FontRecord &face) { return filters.weightRange.contains(face.cssWeight()); });
+    }
+    if (!filters.requiredGlyphs.empty())
+        families = sources.glyphs.familiesWith(distinctCharacters(filters.requiredGlyphs), families);
+    return families;
+}
+
+Families narrowedFaces(const Families &families, const std::function<bool(const FontRecord &)> &isKept)
+{
+    Families narrowed;
+    for (const FontFamilyPointer &family : families) {
+        std::vector<FontRecordPointer> faces;
+        faces.reserve(family->faces.size());
+        std::copy_if(family->faces.begin(), family->faces.end(), std::back_inserter(faces),
+                     [&](const FontRecordPointer &face) { return isKept(*face); });
+        if (faces.size() == family->faces.size())
+            narrowed.push_back(family);
+        else if (!faces.empty())
+            narrowed.push_back(std::make_shared<const FontFamily>(FontFamily{family->name, std::move(faces)}));
+    }
+    return narrowed;
+}
+
+} // namespace kerlune

@@ -1,0 +1,75 @@
+#include "State/GlyphCoverage.h"
+
+#include "Platform/FontCatalog.h"
+#include "Platform/FontFace.h"
+#include "Support/ParallelFor.h"
+
+#include <algorithm>
+
+namespace kerlune {
+
+namespace {
+
+constexpr std::size_t kMostBytes = 64U << 20;
+
+CharacterMap readMap(const FontRecord &record)
+{
+    auto file = FontFile::open(record.filePath);
+    if (!file)
+        return {};
+    std::uint32_t faceIndex = 0;
+    if ((*file)->faceCount() != 1) { // instances share their characters, the faces of a collection need not
+        const auto fonts = fontsOfFile(record.filePath).fonts;
+        const auto font = std::find_if(fonts.begin(), fonts.end(), [&](const FontDescriptor &candidate) {
+            return candidate.postScriptName == record.postScriptName;
+        });
+        if (font == fonts.end())
+            return {};
+        faceIndex = font->faceIndex;
+    }
+    const auto face = FontFace::open(*std::move(file), faceIndex);
+    return face ? (*face)->characterMap() : CharacterMap();
+}
+
+} // namespace
+
+std::vector<FontFamilyPointer> GlyphCoverage::familiesWith(std::u32string_view characters,
+                                                           const std::vector<FontFamilyPointer> &families)
+{
+    std::vector<char> isCovered(families.size()); // char: threads write neighbours
+    parallelForRanges(families.size(), [&](std::size_t first, std::size_t last) {
+        for (std::size_t i = first; i != last; ++i) {
+            const Map map = characterMap(*families[i]->representative());
+            isCovered[i] = std::all_of(characters.begin(), characters.end(),
+                                       [&](char32_t character) { return map->contains(character); })
+                               ? 1
+                               : 0;
+        }
+    });
+    std::vector<FontFamilyPointer> covered;
+    for (std::size_t i = 0; i < families.size(); ++i) {
+        if (isCovered[i] != 0)
+            covered.push_back(families[i]);
+    }
+    return covered;
+}
+
+GlyphCoverage::Map GlyphCoverage::characterMap(const FontRecord &face)
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        const auto known = m_entries.find(face.postScriptName);
+        if (known != m_entries.end() && known->second.path == face.filePath && known->second.mtime == face.mtime)
+            return known->second.map;
+    }
+    auto map = std::make_shared<const CharacterMap>(readMap(face));
+    const std::lock_guard lock(m_mutex);
+    if (m_bytes + map->byteCount() > kMostBytes)
+        return map;
+    Entry &entry = m_entries[face.postScriptName];
+    m_bytes += map->byteCount() - (entry.map ? entry.map->byteCount() : 0);
+    entry = {face.filePath, face.mtime, map};
+    return map;
+}
+
+} // namespace kerlune
