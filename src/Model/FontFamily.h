@@ -2,6 +2,7 @@
 
 #include "Model/FontRecord.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,9 @@ struct FontFamily {
 
     bool operator==(const FontFamily &other) const; // compares the faces themselves, not their addresses
 };
+
+// Families are shared and never change: lists of them copy pointers.
+using FontFamilyPointer = std::shared_ptr<const FontFamily>;
 
 } // namespace kerlune
 

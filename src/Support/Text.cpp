@@ -1,6 +1,8 @@
 #include "Support/Text.h"
 
 #include <unicode/coll.h>
+#include <unicode/normalizer2.h>
+#include <unicode/uchar.h>
 #include <unicode/unistr.h>
 #include <unicode/ustring.h>
 
@@ -16,9 +18,35 @@ icu::UnicodeString unicode(std::string_view text)
     return icu::UnicodeString::fromUTF8(icu::StringPiece(text.data(), static_cast<std::int32_t>(text.size())));
 }
 
+bool isAscii(char c)
+{
+    return static_cast<unsigned char>(c) < 0x80;
+}
+
 bool isAscii(std::string_view text)
 {
-    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    return std::all_of(text.begin(), text.end(), [](char c) { return isAscii(c); });
+}
+
+char lowercasedAscii(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+void appendFoldedUnicode(std::string &target, std::string_view text)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Normalizer2 *decomposition = icu::Normalizer2::getNFDInstance(status);
+    const icu::Normalizer2 *composition = icu::Normalizer2::getNFCInstance(status);
+    if (U_FAILURE(status))
+        std::abort(); // ICU without its own data: the installation is broken
+    const icu::UnicodeString decomposed = decomposition->normalize(unicode(text), status);
+    icu::UnicodeString bases;
+    for (std::int32_t i = 0; i < decomposed.length(); i = decomposed.moveIndex32(i, 1)) {
+        if (const UChar32 character = decomposed.char32At(i); u_charType(character) != U_NON_SPACING_MARK)
+            bases.append(character);
+    }
+    composition->normalize(bases.foldCase(U_FOLD_CASE_DEFAULT), status).toUTF8String(target);
 }
 
 std::string collationLocale()
@@ -52,15 +80,37 @@ std::string lowercased(std::string_view text)
     std::string lower;
     if (!isAscii(text))
         return unicode(text).toLower(icu::Locale::getRoot()).toUTF8String(lower);
-    lower.reserve(text.size());
-    for (const char c : text)
-        lower += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    lower.resize(text.size());
+    std::transform(text.begin(), text.end(), lower.begin(), lowercasedAscii);
     return lower;
 }
 
 bool equalIgnoringCase(std::string_view a, std::string_view b)
 {
     return unicode(a).caseCompare(unicode(b), U_FOLD_CASE_DEFAULT) == 0;
+}
+
+std::string folded(std::string_view text)
+{
+    std::string result;
+    appendFolded(result, text);
+    return result;
+}
+
+void appendFolded(std::string &target, std::string_view text)
+{
+    // No character composes with an ASCII one but nonspacing marks, which fall away. So the runs between can be folded
+    // one by one.
+    while (!text.empty()) {
+        const auto *const other = std::find_if_not(text.begin(), text.end(), [](char c) { return isAscii(c); });
+        const auto *const next = std::find_if(other, text.end(), [](char c) { return isAscii(c); });
+        const std::size_t length = target.size();
+        target.resize(length + static_cast<std::size_t>(other - text.begin()));
+        std::transform(text.begin(), other, target.begin() + static_cast<std::ptrdiff_t>(length), lowercasedAscii);
+        if (other != next)
+            appendFoldedUnicode(target, {other, next});
+        text = {next, text.end()};
+    }
 }
 
 struct NameCollator::Implementation {

@@ -2,6 +2,7 @@
 
 #include "Support/Uuid.h"
 
+#include <QString>
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -45,6 +46,40 @@ TEST(Text, LowersAndComparesWithoutTheLanguage)
     EXPECT_EQ(lowercased("Neue HAAS ÉÀ İ"), "neue haas éà i\u0307");
     EXPECT_TRUE(equalIgnoringCase("Élan-BOLD", "élan-bold"));
     EXPECT_FALSE(equalIgnoringCase("Elan", "Élan"));
+}
+
+TEST(Text, FoldsCaseAndDiacriticsAway)
+{
+    struct Case {
+        const char *text;
+        const char *folded;
+    };
+    for (const auto &[text, expected] : {
+             Case{"", ""},
+             {"Neue HAAS-9", "neue haas-9"},
+             {"É", "e"},
+             {"e\u0301", "e"},
+             {"\u0301E\u0301\u0323", "e"},
+             {"Ångström ÀÉÎÕÜ", "angstrom aeiou"},
+             {"Straße STRASSE ẞ", "strasse strasse ss"},
+             {"İIıi", "iiıi"},
+             {"ﬃ Øŀ", "ffi øŀ"},
+             {"ΆΣΑΣ ᾳ ας", "ασασ α ασ"},
+             {"ЁЙ", "еи"},
+             {"한국", "한국"},
+             {"\u1112\u1161\u11AB국", "한국"},
+             {"ক\u09C7\u09BE", "ক\u09CB"}, // marks that take space compose
+             {"a\xC3", "a\uFFFD"},
+             {"\xE9t\xE9 \xF8\x88", "\uFFFDt\uFFFD \uFFFD\uFFFD"},
+         })
+        EXPECT_EQ(folded(text), expected) << text;
+
+    for (char32_t character = 0; character < 0x30000; ++character) {
+        if (character >= 0xD800 && character < 0xE000)
+            continue;
+        const std::string once = folded(QString::fromUcs4(&character, 1).toStdString());
+        ASSERT_EQ(folded(once), once) << static_cast<std::uint32_t>(character);
+    }
 }
 
 TEST(Text, KnowsWhatIsUtf8)
