@@ -6,7 +6,6 @@
 #include "Model/FontIndexer.h"
 #include "Support/Localization.h"
 
-#include <algorithm>
 #include <iostream>
 
 namespace kerlune {
@@ -23,10 +22,7 @@ FontIndexer::Index readFonts(const FontCatalog &catalog)
 // Why an index of these fonts must not take the place of the former one; empty when it may.
 std::string objection(const FontIndexer::Index &index, EmptyIndex whenEmpty)
 {
-    const auto pipe = std::find_if(index.skipped.begin(), index.skipped.end(), [](const SkippedFont &font) {
-        return font.reason == FontError::BlocksReaders; // the system was not asked
-    });
-    if (pipe != index.skipped.end())
+    if (const auto pipe = systemObstacle(index.skipped))
         return localized("Les polices du système ne peuvent pas être lues. %1 : %2",
                          {displayText(pipe->path), describe(pipe->reason)});
     if (!index.records.empty() || whenEmpty == EmptyIndex::Accept)

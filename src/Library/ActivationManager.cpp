@@ -182,6 +182,18 @@ QCoro::Task<> ActivationManager::reapplyOnLaunch()
         m_saveError = std::move(saveError);
 }
 
+QCoro::Task<> ActivationManager::reload()
+{
+    const QPointer<ActivationManager> self(this);
+    const auto turn = co_await m_turns.turn();
+    if (!self || m_saveError) // changes of this process that could not be written are not to be forgotten
+        co_return;
+    const auto reading = QtConcurrent::run([file = m_file] { return decodePaths(readJsonFile(file)); });
+    auto stored = co_await reading;
+    if (self && stored)
+        m_activePaths = *std::move(stored);
+}
+
 // Links and list belong together: where another process keeps the list to itself, the links stay too.
 bool ActivationManager::refuseBecauseOf(const std::optional<std::string> &obstacle)
 {

@@ -53,6 +53,9 @@ public:
     // activation.json is missing or unreadable, the registrations themselves say what is active.
     QCoro::Task<> reapplyOnLaunch();
 
+    // Takes over what other processes activated or deactivated.
+    QCoro::Task<> reload();
+
     // "…first error… (3 fichiers)"; absent without errors.
     static std::optional<std::string> describe(const FontRegistry::Errors &errors);
 

@@ -30,6 +30,24 @@ const FontRecordPointer &FontFamily::representative() const
                              [&](const auto &a, const auto &b) { return distance(a) < distance(b); });
 }
 
+bool FontFamily::isVariable() const
+{
+    return std::any_of(faces.begin(), faces.end(), [](const FontRecordPointer &face) { return face->isVariable; });
+}
+
+bool FontFamily::isColor() const
+{
+    return std::any_of(faces.begin(), faces.end(), [](const FontRecordPointer &face) { return face->isColor; });
+}
+
+std::uint64_t FontFamily::scriptMask() const
+{
+    std::uint64_t mask = 0;
+    for (const FontRecordPointer &face : faces)
+        mask |= face->scriptMask;
+    return mask;
+}
+
 bool FontFamily::riskyLicense() const
 {
     return std::any_of(faces.begin(), faces.end(),

@@ -23,6 +23,10 @@ struct FontFamily {
     // Precondition: the family has a face.
     const FontRecordPointer &representative() const;
 
+    bool isVariable() const;          // a face is
+    bool isColor() const;             // a face is
+    std::uint64_t scriptMask() const; // what its faces cover together, see ScriptCoverage
+
     bool riskyLicense() const; // a face forbids embedding (OpenType OS/2, fsType bit 1)
 
     bool operator==(const FontFamily &other) const; // compares the faces themselves, not their addresses

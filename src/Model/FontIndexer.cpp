@@ -21,14 +21,13 @@ namespace kerlune {
 
 namespace {
 
-using Extraction = tl::expected<FontRecord, FontError>;
-using Slot = tl::expected<FontRecordPointer, FontError>;
+using Reading = tl::expected<FontRecord, FontError>;
 
 constexpr std::int64_t kProgressStep = 128;
 constexpr std::chrono::seconds kMostTimeForAFace{2};
 constexpr std::chrono::seconds kMostTimeForAFile{10}; // a thousand slow instances would take half an hour
 
-Extraction extractFace(const std::shared_ptr<const FontFace> &face, std::uint64_t scriptMask)
+Reading extractFace(const std::shared_ptr<const FontFace> &face, std::uint64_t scriptMask)
 {
     if (const auto usable = face->checkUsable(); !usable)
         return tl::unexpected(usable.error());
@@ -70,13 +69,13 @@ Extraction extractFace(const std::shared_ptr<const FontFace> &face, std::uint64_
 // face its tables and its coverage.
 class RecordReader final {
 public:
-    Extraction read(const FontDescriptor &descriptor)
+    Reading read(const FontDescriptor &descriptor)
     {
         const CpuStopwatch stopwatch;
         const auto face = open(descriptor);
         if (m_spent > kMostTimeForAFile)
             return tl::unexpected(FontError::TooCostly);
-        Extraction record = face.and_then([&](const auto &open) { return extractFace(open, m_scriptMask); });
+        Reading record = face.and_then([&](const auto &open) { return extractFace(open, m_scriptMask); });
         m_spent += stopwatch.elapsed();
         if (stopwatch.elapsed() > kMostTimeForAFace)
             return tl::unexpected(FontError::TooCostly);
@@ -120,44 +119,50 @@ FontIndexer::Index FontIndexer::buildIndex(const ProgressHandler &onProgress) co
 {
     FontCatalog::Listing available = availableDescriptors(Duplicates::Remove);
     const std::vector<FontDescriptor> &fonts = available.fonts;
-    const auto total = static_cast<std::int64_t>(fonts.size());
+    std::vector<Extraction> extractions = extract(fonts, onProgress);
 
-    std::vector<Slot> slots(fonts.size());
+    Index index{{}, std::move(available.skipped)};
+    std::vector<FontDescriptor> costly;
+    for (std::size_t i = 0; i < fonts.size(); ++i) {
+        if (extractions[i]) {
+            index.records.push_back(*std::move(extractions[i]));
+            continue;
+        }
+        index.skipped.push_back({fonts[i].path, extractions[i].error()});
+        // What passes by itself, such as a file that is just being replaced, is tried again the next time.
+        if (extractions[i].error() == FontError::TooCostly)
+            costly.push_back(fonts[i]);
+    }
+    if (!costly.empty())
+        m_catalog.leaveOut(costly, FontError::TooCostly);
+    return index;
+}
+
+auto FontIndexer::extract(std::span<const FontDescriptor> descriptors, const ProgressHandler &onProgress)
+    -> std::vector<Extraction>
+{
+    const auto total = static_cast<std::int64_t>(descriptors.size());
+    std::vector<Extraction> extractions(descriptors.size());
     std::int64_t completed = 0;
     std::mutex mutex; // guards the two above
 
-    parallelForRanges(fonts.size(), [&](std::size_t first, std::size_t last) {
+    parallelForRanges(descriptors.size(), [&](std::size_t first, std::size_t last) {
         RecordReader reader;
         for (std::size_t i = first; i != last; ++i) {
-            Extraction extraction = reader.read(fonts[i]);
-            Slot slot = extraction.map(
-                [](FontRecord &record) { return std::make_shared<const FontRecord>(std::move(record)); });
+            Extraction extraction = reader.read(descriptors[i]).map([](FontRecord &&record) {
+                return std::make_shared<const FontRecord>(std::move(record));
+            });
             std::int64_t done = 0;
             {
                 const std::lock_guard lock(mutex);
-                slots[i] = std::move(slot);
+                extractions[i] = std::move(extraction);
                 done = ++completed;
             }
             if (onProgress && (done % kProgressStep == 0 || done == total))
                 onProgress({done, total});
         }
     });
-
-    Index index{{}, std::move(available.skipped)};
-    std::vector<FontDescriptor> costly;
-    for (std::size_t i = 0; i < fonts.size(); ++i) {
-        if (slots[i]) {
-            index.records.push_back(*std::move(slots[i]));
-            continue;
-        }
-        index.skipped.push_back({fonts[i].path, slots[i].error()});
-        // What passes by itself, such as a file that is just being replaced, is tried again the next time.
-        if (slots[i].error() == FontError::TooCostly)
-            costly.push_back(fonts[i]);
-    }
-    if (!costly.empty())
-        m_catalog.leaveOut(costly, FontError::TooCostly);
-    return index;
+    return extractions;
 }
 
 FontCatalog::Listing FontIndexer::availableDescriptors(Duplicates duplicates) const

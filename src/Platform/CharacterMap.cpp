@@ -95,6 +95,11 @@ CharacterMap::CharacterMap(std::vector<std::uint8_t> subtable, Encoding encoding
     sortRanges();
 }
 
+std::size_t CharacterMap::byteCount() const
+{
+    return sizeof(*this) + m_subtable.capacity() + m_order.capacity() * sizeof(m_order.front());
+}
+
 std::uint32_t CharacterMap::glyph(char32_t character) const
 {
     if (m_encoding == Encoding::Unicode)

@@ -25,6 +25,8 @@ public:
     std::uint32_t glyph(char32_t character) const; // 0 when the face lacks it
     bool contains(char32_t character) const { return glyph(character) != 0; }
 
+    std::size_t byteCount() const; // of memory, about
+
 private:
     enum class Encoding { Unicode, MacRoman };
 

@@ -4,6 +4,7 @@
 #include "Support/CpuStopwatch.h"
 #include "Support/Text.h"
 
+#include <algorithm>
 #include <chrono>
 
 namespace kerlune {
@@ -40,6 +41,13 @@ std::optional<FontDescriptor> FontCatalog::findFont(const std::string &postScrip
             similar = &font;
     }
     return similar == nullptr ? std::nullopt : std::optional(*similar);
+}
+
+std::optional<SkippedFont> systemObstacle(std::span<const SkippedFont> skipped)
+{
+    const auto pipe = std::find_if(skipped.begin(), skipped.end(),
+                                   [](const SkippedFont &font) { return font.reason == FontError::BlocksReaders; });
+    return pipe == skipped.end() ? std::nullopt : std::optional(*pipe);
 }
 
 FontCatalog::Listing fontsOfFile(const std::string &path)

@@ -51,6 +51,10 @@ public:
     std::optional<FontDescriptor> findFont(const std::string &postScriptName) const;
 };
 
+// The pipe in a font folder because of which the system could not be asked for its fonts, if there is one. What a
+// listing lacks then has not gone.
+std::optional<SkippedFont> systemObstacle(std::span<const SkippedFont> skipped);
+
 // The faces of one file in its order: of a variable face its default instance, then its other named instances.
 // Faces that could not be indexed are left out and named in `skipped`, as is a file that cannot be read. Of a file that
 // takes more than two seconds of processor time, the faces found until then are listed.

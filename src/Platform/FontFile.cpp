@@ -51,6 +51,12 @@ bool looksLikeSuitcase(ByteView head, std::uint64_t fileSize)
            std::uint64_t{*mapOffset} + *mapLength <= fileSize;
 }
 
+FontFile::Status fileStatus(const struct stat &status)
+{
+    return {static_cast<std::uint64_t>(status.st_size),
+            static_cast<double>(status.st_mtim.tv_sec) + static_cast<double>(status.st_mtim.tv_nsec) * 1e-9};
+}
+
 } // namespace
 
 tl::expected<std::shared_ptr<const FontFile>, FontError> FontFile::open(std::string path)
@@ -68,13 +74,18 @@ tl::expected<std::shared_ptr<const FontFile>, FontError> FontFile::open(std::str
         return tl::unexpected(errorForErrno(errno));
     if (!S_ISREG(status.st_mode))
         return tl::unexpected(FontError::NotAFile);
-    file->m_size = static_cast<std::uint64_t>(status.st_size);
-    file->m_modificationTime =
-        static_cast<double>(status.st_mtim.tv_sec) + static_cast<double>(status.st_mtim.tv_nsec) * 1e-9;
+    file->m_status = fileStatus(status);
 
     if (const auto recognised = file->recogniseContainer(); !recognised)
         return tl::unexpected(recognised.error());
     return file;
+}
+
+std::optional<FontFile::Status> FontFile::status(const std::string &path)
+{
+    struct stat status = {};
+    const bool isFile = stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+    return isFile ? std::optional(fileStatus(status)) : std::nullopt;
 }
 
 FontFile::FontFile(std::string path, int descriptor)
@@ -89,7 +100,7 @@ FontFile::~FontFile()
 
 tl::expected<void, FontError> FontFile::recogniseContainer()
 {
-    std::vector<std::uint8_t> head(std::min<std::uint64_t>(kHeadSize, m_size));
+    std::vector<std::uint8_t> head(std::min<std::uint64_t>(kHeadSize, m_status.size));
     if (!read(0, head))
         return tl::unexpected(FontError::Unreadable);
     m_head = std::move(head);
@@ -116,7 +127,7 @@ tl::expected<void, FontError> FontFile::recogniseContainer()
             return tl::unexpected(FontError::TooLarge);
         return {};
     default:
-        if (!looksLikeSuitcase(m_head, m_size))
+        if (!looksLikeSuitcase(m_head, m_status.size))
             return tl::unexpected(FontError::UnknownFormat);
         m_container = Container::Suitcase;
         m_faceCount = 0;
@@ -129,7 +140,7 @@ tl::expected<void, FontError> FontFile::readCollectionHeader()
     // OpenType, TTC Header: numFonts at offset 8, then one table directory offset for each font.
     m_container = Container::Collection;
     const std::uint32_t count = readU32(m_head, 8).value_or(0);
-    if (count == 0 || count > kMostFaces || 12 + std::uint64_t{count} * 4 > m_size)
+    if (count == 0 || count > kMostFaces || 12 + std::uint64_t{count} * 4 > m_status.size)
         return tl::unexpected(FontError::Damaged);
     std::vector<std::uint8_t> offsets(std::size_t{count} * 4);
     if (!read(12, offsets))
@@ -147,7 +158,7 @@ std::uint32_t FontFile::directoryOffset(std::uint32_t faceIndex) const
 
 bool FontFile::read(std::uint64_t offset, std::span<std::uint8_t> buffer) const
 {
-    if (offset > m_size || buffer.size() > m_size - offset)
+    if (offset > m_status.size || buffer.size() > m_status.size - offset)
         return false;
     if (offset + buffer.size() <= m_head.size()) {
         std::copy_n(m_head.begin() + static_cast<std::ptrdiff_t>(offset), buffer.size(), buffer.begin());

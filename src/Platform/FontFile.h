@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -43,15 +44,23 @@ class FontFile final {
 public:
     enum class Container { Sfnt, Collection, Woff, Suitcase };
 
+    struct Status {
+        std::uint64_t size = 0;      // bytes
+        double modificationTime = 0; // seconds since 1970-01-01 UTC
+
+        bool operator==(const Status &) const = default;
+    };
+
     static tl::expected<std::shared_ptr<const FontFile>, FontError> open(std::string path);
+    static std::optional<Status> status(const std::string &path); // without opening it; absent when it is no file
 
     ~FontFile();
     FontFile(const FontFile &) = delete;
     FontFile &operator=(const FontFile &) = delete;
 
     const std::string &path() const { return m_path; }
-    std::uint64_t size() const { return m_size; }                  // bytes
-    double modificationTime() const { return m_modificationTime; } // seconds since 1970-01-01 UTC
+    std::uint64_t size() const { return m_status.size; }
+    double modificationTime() const { return m_status.modificationTime; }
     Container container() const { return m_container; }
     std::uint32_t faceCount() const { return m_faceCount; } // 0 where only FreeType can tell: WOFF, suitcase
 
@@ -68,8 +77,7 @@ private:
 
     std::string m_path;
     int m_descriptor;
-    std::uint64_t m_size = 0;
-    double m_modificationTime = 0;
+    Status m_status;
     Container m_container = Container::Sfnt;
     std::uint32_t m_faceCount = 1;
     std::vector<std::uint32_t> m_directoryOffsets;

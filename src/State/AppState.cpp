@@ -6,7 +6,6 @@
 
 #include <QPointer>
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <set>
@@ -77,8 +76,7 @@ AppState::AppState(const Surroundings &surroundings, const Delays &delays)
     , m_catalog(surroundings.catalog)
     , m_delays(delays)
     , m_activation(surroundings.registry, surroundings.directories)
-    , m_folders(m_activation, surroundings.registry, surroundings.events, surroundings.directories,
-                delays.folderRescan)
+    , m_folders(m_activation, surroundings.registry, surroundings.events, surroundings.directories, delays.folderRescan)
     , m_settings(settingsFile(surroundings.directories), QSettings::IniFormat)
     , m_foreignChanges({surroundings.directories.applicationSupport / "watched-folders.json",
                         surroundings.directories.applicationSupport / "activation.json"},
@@ -130,10 +128,8 @@ FontFamilyPointer AppState::family(const std::string &name) const
 
 FontRecordPointer AppState::record(const std::string &postScriptName) const
 {
-    const auto found = std::find_if(allRecords().begin(), allRecords().end(), [&](const FontRecordPointer &record) {
-        return record->postScriptName == postScriptName;
-    });
-    return found == allRecords().end() ? nullptr : *found;
+    const auto found = library()->recordByPostScriptName.find(postScriptName);
+    return found == library()->recordByPostScriptName.end() ? nullptr : found->second;
 }
 
 FontRecordPointer AppState::activeRecord() const
@@ -179,8 +175,9 @@ QCoro::Task<bool> AppState::setActive(FontFamilyPointer family, bool on)
     const bool isDone = co_await changing;
     if (self && !isDone) {
         const std::string error = m_activation.lastError().value_or(std::string());
-        setNotice({on ? localized("Activation incomplète : ") + error : localized("Désactivation incomplète : ") + error,
-                   true});
+        setNotice(
+            {on ? localized("Activation incomplète : ") + error : localized("Désactivation incomplète : ") + error,
+             true});
     }
     co_return isDone;
 }

@@ -30,8 +30,8 @@ class FontCatalog;
 
 enum class ViewMode { grid, list, waterfall, compare };
 
-std::string label(ViewMode mode);                             // for display
-std::string_view viewModeKey(ViewMode mode);                  // "grid", …
+std::string label(ViewMode mode);            // for display
+std::string_view viewModeKey(ViewMode mode); // "grid", …
 std::optional<ViewMode> viewModeFromKey(std::string_view key);
 
 // Whether the fonts of a family are shown to every program.
@@ -60,8 +60,8 @@ struct KeyboardFocus {
 // these.
 //
 // Thread: main; every field changes there. What takes long is done on others.
-// Errors: a database that cannot be opened is told in loadError, and the library stays empty. Commands on the user's own
-// data answer false when nothing could be written, and then change nothing.
+// Errors: a database that cannot be opened is told in loadError, and the library stays empty. Commands on the user's
+// own data answer false when nothing could be written, and then change nothing.
 class AppState final : public QObject {
     Q_OBJECT
 
@@ -137,8 +137,8 @@ public:
     Field<std::optional<ApplyResult>> applyFeedback;
 
     const std::vector<FontRecordPointer> &allRecords() const { return library()->records; }
-    const Families &families() const { return library()->families; } // in library order
-    FontFamilyPointer family(const std::string &name) const;         // null when there is none
+    const Families &families() const { return library()->families; }   // in library order
+    FontFamilyPointer family(const std::string &name) const;           // null when there is none
     FontRecordPointer record(const std::string &postScriptName) const; // null when there is none
     FontRecordPointer activeRecord() const; // the selected face, else that of the selected family; or null
 
@@ -150,10 +150,10 @@ public:
     const std::optional<FontIndexStore::StoreError> &storeError() const { return m_storeError; }
 
     // Loading.
-    QCoro::Task<> load();         // a second one while one runs returns at once
-    QCoro::Task<> rebuildIndex(); // likewise
+    QCoro::Task<> load();                   // a second one while one runs returns at once
+    QCoro::Task<> rebuildIndex();           // likewise
     QCoro::Task<> refreshRegisteredFonts(); // takes over what the system offers by now
-    void reloadUserData();        // takes over what other processes made
+    void reloadUserData();                  // takes over what other processes made
 
     // The visible list and the numbers beside the sidebar, computed when something that they depend on has changed.
     const Families &visibleFamilies() const;
@@ -204,6 +204,8 @@ Q_SIGNALS:
     void visibleFamiliesChanged(); // or may have
 
 private:
+    enum class StoredIndex { MayServe, IsPassedOver };
+
     struct CachedList {
         FilterSignature signature;
         std::int64_t revision; // of what the signature only counts
@@ -213,10 +215,13 @@ private:
     LibraryContext context() const;
     void readSettings();
     void followVisibleList();
-    void publish(std::shared_ptr<const LoadedLibrary> library);
-    QCoro::Task<> loadRecords();
-    QCoro::Task<bool> loadStoredRecords();
+    void publish(std::shared_ptr<const LoadedLibrary> loaded);
+    void finishIndexing();
+    void showProgress(int done, int total);
+    QCoro::Task<> readRecords(StoredIndex storedIndex);
+    QCoro::Task<bool> readStoredRecords(); // false when there are none
     QCoro::Task<> index(std::int64_t count);
+    QCoro::Task<> saveIndex();
     QCoro::Task<> takeOverForeignIndex();
     void reloadCollections();
     void reloadFavorites();

@@ -1,6 +1,5 @@
-#include "State/AppState.h"
-
 #include "Model/FontIndexer.h"
+#include "State/AppState.h"
 #include "State/RecordRefresh.h"
 #include "Support/Localization.h"
 
@@ -117,7 +116,7 @@ void AppState::finishIndexing()
 QCoro::Task<> AppState::readRecords(StoredIndex storedIndex)
 {
     const QPointer<AppState> self(this);
-    const auto counting = QtConcurrent::run(&m_pool, countFonts, std::cref(m_catalog));
+    const auto counting = QtConcurrent::run(&m_pool, [&catalog = m_catalog] { return countFonts(catalog); });
     const Offer offer = co_await counting;
     if (!self)
         co_return;
@@ -134,7 +133,7 @@ QCoro::Task<> AppState::readRecords(StoredIndex storedIndex)
         if (!self || isRead)
             co_return;
     }
-    co_await index(offer);
+    co_await index(offer.count);
 }
 
 QCoro::Task<bool> AppState::readStoredRecords()
@@ -154,7 +153,8 @@ QCoro::Task<> AppState::index(std::int64_t count)
 {
     const QPointer<AppState> self(this);
     indexMessage.set(localized("Analyse de %1 graisses…", {std::to_string(count)}));
-    const QFuture<Library> building = QtConcurrent::run(&m_pool, buildLibrary, std::cref(m_catalog));
+    const QFuture<Library> building = QtConcurrent::run(
+        &m_pool, [&catalog = m_catalog](QPromise<Library> &promise) { buildLibrary(promise, catalog); });
     QFutureWatcher<Library> progress;
     connect(&progress, &QFutureWatcherBase::progressValueChanged, this,
             [this, &progress](int done) { showProgress(done, progress.progressMaximum()); });

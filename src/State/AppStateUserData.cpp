@@ -1,5 +1,4 @@
 #include "State/AppState.h"
-
 #include "Support/Text.h"
 #include "Support/Uuid.h"
 
@@ -132,8 +131,7 @@ bool AppState::deleteCollection(const std::string &id)
 bool AppState::addToCollection(const std::string &id, const std::vector<std::string> &families)
 {
     const bool isKnown = collectionCache().contains(id); // members of no collection would come to light with none
-    const bool isWritten =
-        isKnown && write([&](FontIndexStore &store) { return store.addToCollection(id, families); });
+    const bool isWritten = isKnown && write([&](FontIndexStore &store) { return store.addToCollection(id, families); });
     reloadCollections();
     return isWritten;
 }
@@ -195,8 +193,9 @@ bool AppState::updateSmartCollection(const std::string &id)
     const auto json = filtersToText(filters.value());
     if (collection == nullptr || !json)
         return false;
-    const bool isWritten = write(
-        [&](FontIndexStore &store) { return store.saveSmartCollection({id, collection->name, *json}); });
+    const bool isWritten = write([&](FontIndexStore &store) {
+        return store.saveSmartCollection({id, collection->name, *json});
+    });
     reloadSmartCollections();
     return isWritten;
 }
@@ -227,7 +226,8 @@ void AppState::reloadSmartCollections()
     std::vector<SmartCollection> known;
     if (m_store != nullptr) {
         for (const FontIndexStore::SmartCollectionRow &row : m_store->smartCollections()) {
-            if (auto criteria = filtersFromText(row.filters)) // a newer build may have written what this one does not know
+            if (auto criteria =
+                    filtersFromText(row.filters)) // a newer build may have written what this one does not know
                 known.push_back({row.id, row.name, *std::move(criteria)});
         }
     }

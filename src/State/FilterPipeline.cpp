@@ -18,19 +18,6 @@ void keep(Families &families, Predicate &&isKept)
     std::erase_if(families, [&](const FontFamilyPointer &family) { return !isKept(*family); });
 }
 
-bool anyFace(const FontFamily &family, bool FontRecord::*flag)
-{
-    return std::any_of(family.faces.begin(), family.faces.end(), [&](const auto &face) { return (*face).*flag; });
-}
-
-std::uint64_t scriptMask(const FontFamily &family)
-{
-    std::uint64_t mask = 0;
-    for (const FontRecordPointer &face : family.faces)
-        mask |= face->scriptMask;
-    return mask;
-}
-
 bool carriesAll(const TagsByFamily &tags, const std::string &family, const std::set<std::string> &wanted)
 {
     const auto carried = tags.find(family);
@@ -52,15 +39,15 @@ Families apply(const Filters &filters, Families families, const FilterSources &s
         });
     }
     if (filters.onlyVariable)
-        keep(families, [](const FontFamily &family) { return anyFace(family, &FontRecord::isVariable); });
+        keep(families, [](const FontFamily &family) { return family.isVariable(); });
     if (filters.onlyColor)
-        keep(families, [](const FontFamily &family) { return anyFace(family, &FontRecord::isColor); });
+        keep(families, [](const FontFamily &family) { return family.isColor(); });
     if (filters.onlyMonospace)
         keep(families, [](const FontFamily &family) { return family.representative()->isMonospace; });
     if (filters.riskyLicenseOnly)
         keep(families, [](const FontFamily &family) { return family.riskyLicense(); });
     if (filters.languageBits != 0) {
-        keep(families, [&](const FontFamily &family) { return (filters.languageBits & ~scriptMask(family)) == 0; });
+        keep(families, [&](const FontFamily &family) { return (filters.languageBits & ~family.scriptMask()) == 0; });
     }
     if (!filters.tags.empty())
         keep(families, [&](const FontFamily &family) { return carriesAll(sources.tags, family.name, filters.tags); });

@@ -159,8 +159,7 @@ std::optional<Filters> decodeFilters(const Json &object)
         takeKey(object, "onlyVariable", filters.onlyVariable) &&
         takeKey(object, "onlyMonospace", filters.onlyMonospace) && takeKey(object, "onlyColor", filters.onlyColor) &&
         takeKey(object, "onlyItalic", filters.onlyItalic) && takeKey(object, "hideItalic", filters.hideItalic) &&
-        takeKey(object, "languageBits", filters.languageBits) &&
-        takeKey(object, "weightRange", filters.weightRange) &&
+        takeKey(object, "languageBits", filters.languageBits) && takeKey(object, "weightRange", filters.weightRange) &&
         takeKey(object, "riskyLicenseOnly", filters.riskyLicenseOnly) &&
         takeKey(object, "requiredGlyphs", filters.requiredGlyphs) && takeKey(object, "tags", filters.tags);
     return isUnderstood ? std::optional(std::move(filters)) : std::nullopt;
@@ -202,8 +201,8 @@ std::string summary(const Filters &filters)
     if (filters.languageBits != 0)
         parts.push_back(languageLabels(filters.languageBits));
     if (filters.weightRange != WeightRange()) {
-        parts.push_back(localized("graisse %1–%2", {std::to_string(filters.weightRange.lower),
-                                                    std::to_string(filters.weightRange.upper)}));
+        parts.push_back(localized(
+            "graisse %1–%2", {std::to_string(filters.weightRange.lower), std::to_string(filters.weightRange.upper)}));
     }
     add(filters.riskyLicenseOnly, "licence restrictive");
     if (!filters.requiredGlyphs.empty())

@@ -5,7 +5,6 @@
 #include "Platform/FontFile.h"
 
 #include <algorithm>
-#include <set>
 #include <string_view>
 #include <tuple>
 #include <unordered_map>
@@ -27,25 +26,12 @@ public:
         if (isNew)
             known->second = FontFile::status(record.filePath);
         const auto &status = known->second;
-        return status && status->size == record.fileSize && status->modificationTime == record.mtime;
+        return status && *status == FontFile::Status{record.fileSize, record.mtime};
     }
 
 private:
     std::unordered_map<std::string_view, std::optional<FontFile::Status>> m_files; // views into the records
 };
-
-// Each face once, whichever way it is registered.
-void removeRepeated(std::vector<FontDescriptor> &fonts)
-{
-    std::set<std::tuple<std::string_view, std::uint32_t, std::uint32_t>> seen;
-    std::vector<FontDescriptor> kept;
-    kept.reserve(fonts.size());
-    for (const FontDescriptor &font : fonts) {
-        if (seen.emplace(font.path, font.faceIndex, font.instanceIndex).second)
-            kept.push_back(font);
-    }
-    fonts = std::move(kept);
-}
 
 auto address(const FontRecordPointer &record)
 {
@@ -56,10 +42,9 @@ auto address(const FontRecordPointer &record)
 
 std::optional<Records> refreshedRecords(const FontCatalog &catalog, const Records &known)
 {
-    FontCatalog::Listing listing = catalog.availableFonts(Duplicates::Keep);
+    const FontCatalog::Listing listing = catalog.availableFonts(Duplicates::Keep);
     if (systemObstacle(listing.skipped))
         return std::nullopt;
-    removeRepeated(listing.fonts);
 
     std::unordered_multimap<std::string_view, FontRecordPointer> byName;
     for (const FontRecordPointer &record : known)

@@ -5,6 +5,7 @@
 #include "Support/Text.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <string_view>
 #include <unordered_map>
@@ -15,12 +16,6 @@ namespace {
 
 using Families = std::vector<FontFamilyPointer>;
 using Kind = SidebarSelection::Kind;
-
-bool hasFace(const FontFamily &family, const std::function<bool(const FontRecord &)> &isWanted)
-{
-    return std::any_of(family.faces.begin(), family.faces.end(),
-                       [&](const FontRecordPointer &face) { return isWanted(*face); });
-}
 
 Families keptIf(Families families, const std::function<bool(const FontFamily &)> &isKept)
 {
@@ -43,8 +38,7 @@ Families members(Families families, const LibraryContext &context, const std::st
     const auto known = context.collectionMembers.find(collection);
     if (known == context.collectionMembers.end())
         return {};
-    return keptIf(std::move(families),
-                  [&](const FontFamily &family) { return known->second.contains(family.name); });
+    return keptIf(std::move(families), [&](const FontFamily &family) { return known->second.contains(family.name); });
 }
 
 Families inFolder(const Families &families, const LibraryContext &context, const std::string &id)
@@ -72,9 +66,8 @@ Families recentlyUsed(Families families, const std::vector<std::string> &recents
     for (std::size_t i = 0; i < recents.size(); ++i)
         positions.emplace(recents[i], i);
     families = keptIf(std::move(families), [&](const FontFamily &family) { return positions.contains(family.name); });
-    std::stable_sort(families.begin(), families.end(), [&](const auto &a, const auto &b) {
-        return positions.at(a->name) < positions.at(b->name);
-    });
+    std::stable_sort(families.begin(), families.end(),
+                     [&](const auto &a, const auto &b) { return positions.at(a->name) < positions.at(b->name); });
     return families;
 }
 
@@ -110,13 +103,9 @@ Families selected(Families families, const SidebarSelection &selection, const Li
     case Kind::recents:
         return recentlyUsed(std::move(families), context.recents);
     case Kind::variable:
-        return keptIf(std::move(families), [](const FontFamily &family) {
-            return hasFace(family, [](const FontRecord &face) { return face.isVariable; });
-        });
+        return keptIf(std::move(families), [](const FontFamily &family) { return family.isVariable(); });
     case Kind::color:
-        return keptIf(std::move(families), [](const FontFamily &family) {
-            return hasFace(family, [](const FontRecord &face) { return face.isColor; });
-        });
+        return keptIf(std::move(families), [](const FontFamily &family) { return family.isColor(); });
     case Kind::duplicates:
         return duplicates(std::move(families), context.library);
     case Kind::all:
@@ -140,10 +129,8 @@ LibraryCounts countFamilies(const Families &families)
     LibraryCounts counts;
     for (const FontFamilyPointer &family : families) {
         ++counts.byClass[family->representative()->classification];
-        if (hasFace(*family, [](const FontRecord &face) { return face.isVariable; }))
-            ++counts.variable;
-        if (hasFace(*family, [](const FontRecord &face) { return face.isColor; }))
-            ++counts.color;
+        counts.variable += family->isVariable() ? 1 : 0;
+        counts.color += family->isColor() ? 1 : 0;
     }
     return counts;
 }
@@ -152,10 +139,7 @@ std::map<std::string, std::int64_t> countLanguages(const Families &families)
 {
     std::array<std::int64_t, 64> counts{}; // by bit
     for (const FontFamilyPointer &family : families) {
-        std::uint64_t mask = 0;
-        for (const FontRecordPointer &face : family->faces)
-            mask |= face->scriptMask;
-        for (; mask != 0; mask &= mask - 1)
+        for (std::uint64_t mask = family->scriptMask(); mask != 0; mask &= mask - 1)
             ++counts[static_cast<std::size_t>(std::countr_zero(mask))];
     }
     std::map<std::string, std::int64_t> byId;
@@ -170,7 +154,8 @@ std::map<std::string, std::int64_t> countLanguages(const Families &families)
 std::int64_t countInFolder(const Families &families, const std::string &folder)
 {
     return std::count_if(families.begin(), families.end(), [&](const FontFamilyPointer &family) {
-        return hasFace(*family, [&](const FontRecord &face) { return isBelow(face.filePath, folder); });
+        return std::any_of(family->faces.begin(), family->faces.end(),
+                           [&](const FontRecordPointer &face) { return isBelow(face->filePath, folder); });
     });
 }
 

@@ -206,6 +206,14 @@ void FontIndexStore::setMeta(const std::string &key, const std::string &value)
     m_queue.sync([&] { setMetaOnQueue(key, value); });
 }
 
+std::int64_t FontIndexStore::dataVersion()
+{
+    return m_queue.sync([&] {
+        Statement select(m_db.get(), "PRAGMA data_version;");
+        return select.nextRow() ? select.integer(0) : 0;
+    });
+}
+
 void FontIndexStore::saveFingerprints(const std::unordered_map<std::string, Vector> &vectors)
 {
     m_queue.sync([&] {

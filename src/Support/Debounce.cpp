@@ -15,6 +15,11 @@ void Debounce::trigger()
     m_timer.start();
 }
 
+void Debounce::trigger(std::chrono::milliseconds delay)
+{
+    m_timer.start(delay);
+}
+
 void Debounce::cancel()
 {
     m_timer.stop();

@@ -15,6 +15,7 @@ public:
     Debounce(std::chrono::milliseconds delay, const std::function<void()> &action);
 
     void trigger(); // the delay begins anew
+    void trigger(std::chrono::milliseconds delay);
     void cancel();
 
 private:

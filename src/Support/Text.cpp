@@ -113,6 +113,30 @@ void appendFolded(std::string &target, std::string_view text)
     }
 }
 
+std::string trimmed(std::string_view text)
+{
+    const icu::UnicodeString all = unicode(text);
+    std::int32_t first = 0;
+    std::int32_t last = all.length(); // white space is never a surrogate
+    while (first < last && u_isUWhiteSpace(all[first]))
+        ++first;
+    while (last > first && u_isUWhiteSpace(all[last - 1]))
+        --last;
+    std::string bytes;
+    return all.tempSubStringBetween(first, last).toUTF8String(bytes);
+}
+
+std::u32string distinctCharacters(std::string_view text)
+{
+    const icu::UnicodeString all = unicode(text);
+    std::u32string characters;
+    for (std::int32_t i = 0; i < all.length(); i = all.moveIndex32(i, 1))
+        characters += static_cast<char32_t>(all.char32At(i));
+    std::sort(characters.begin(), characters.end());
+    characters.erase(std::unique(characters.begin(), characters.end()), characters.end());
+    return characters;
+}
+
 struct NameCollator::Implementation {
     std::unique_ptr<icu::Collator> collator;
 };

@@ -26,6 +26,11 @@ bool equalIgnoringCase(std::string_view a, std::string_view b);
 std::string folded(std::string_view text);
 void appendFolded(std::string &target, std::string_view text);
 
+std::string trimmed(std::string_view text); // without the white space around it (Unicode White_Space)
+
+// The characters of a text, each once, in the order of their code points. What is not UTF-8 counts as U+FFFD.
+std::u32string distinctCharacters(std::string_view text);
+
 // Orders names as a file browser does: case does not count, digit runs compare as numbers ("Font 9" before "Font 10").
 //
 // Thread: one at a time.
