@@ -1,5 +1,6 @@
 #include "CLI/CommandLine.h"
 
+#include "CLI/Output.h"
 #include "Support/Localization.h"
 
 #include <CLI/CLI.hpp>
@@ -77,11 +78,9 @@ std::string usageMessage(const CLI::App &app, const CLI::ParseError &error)
     return localized("Arguments incorrects : %1", {error.what()});
 }
 
-int reportWrongUsage(const std::string &message)
+int reportUnparsable(const std::string &message)
 {
-    std::cerr << "kerlune: " << message << '\n'
-              << "kerlune: " << localized("« kerlune --help » donne les commandes.") << '\n';
-    return kWrongUsage;
+    return reportWrongUsage(message, localized("« kerlune --help » donne les commandes."));
 }
 
 class Parser final {
@@ -124,10 +123,10 @@ public:
             std::cout << m_app.version() << '\n';
             return finish(kDone);
         } catch (const CLI::ParseError &error) {
-            return reportWrongUsage(usageMessage(m_app, error));
+            return reportUnparsable(usageMessage(m_app, error));
         }
         if (!m_chosen)
-            return reportWrongUsage(localized("Il manque une commande."));
+            return reportUnparsable(localized("Il manque une commande."));
         return finish(m_chosen(context, m_arguments, m_format));
     }
 
@@ -172,8 +171,7 @@ private:
         std::cout.flush();
         if (std::cout.good() || status != kDone)
             return status;
-        std::cerr << "kerlune: " << localized("Écriture de la sortie impossible.") << '\n';
-        return kFailed;
+        return reportFailure(localized("Écriture de la sortie impossible."));
     }
 
     CLI::App m_app;

@@ -2,6 +2,7 @@
 #include "CLI/DisplayText.h"
 #include "CLI/IndexUpdate.h"
 #include "CLI/LibrarySession.h"
+#include "CLI/Output.h"
 #include "CLI/StatusLine.h"
 #include "Library/FolderScan.h"
 #include "Support/Localization.h"
@@ -18,20 +19,10 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-int reportWrongUsage(const std::string &message)
+std::string usage()
 {
-    std::cerr << "kerlune: " << message << '\n'
-              << "kerlune: "
-              << localized("Usage : kerlune folders [list | add CHEMIN | remove CHEMIN-OU-ID | "
-                           "auto CHEMIN-OU-ID on|off | rescan]")
-              << '\n';
-    return kWrongUsage;
-}
-
-int reportFailure(const std::string &message)
-{
-    std::cerr << "kerlune: " << message << '\n';
-    return kFailed;
+    return localized("Usage : kerlune folders [list | add CHEMIN | remove CHEMIN-OU-ID | "
+                     "auto CHEMIN-OU-ID on|off | rescan]");
 }
 
 std::vector<std::string> filesOf(const FolderLibrary &library, const WatchedFolder &folder)
@@ -40,7 +31,7 @@ std::vector<std::string> filesOf(const FolderLibrary &library, const WatchedFold
     return files == library.files().end() ? std::vector<std::string>() : *files->second;
 }
 
-void printJson(const FolderLibrary &library)
+void printList(const FolderLibrary &library)
 {
     auto list = nlohmann::json::array();
     for (const WatchedFolder &folder : library.folders()) {
@@ -50,7 +41,7 @@ void printJson(const FolderLibrary &library)
                         {"isManagedLibrary", folder.isManagedLibrary},
                         {"files", filesOf(library, folder)}});
     }
-    std::cout << list.dump(4, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
+    printJson(list);
 }
 
 std::string remarks(const WatchedFolder &folder)
@@ -143,11 +134,11 @@ int runFoldersCommand(const CommandContext &context, const Words &words, OutputF
     const std::size_t expected = action == "auto" ? 3 : action == "add" || action == "remove" ? 2 : 1;
     const bool isKnown = expected > 1 || action == "list" || action == "rescan";
     if (!isKnown)
-        return reportWrongUsage(localized("Action inconnue : « %1 ».", {displayText(action)}));
+        return reportWrongUsage(localized("Action inconnue : « %1 ».", {displayText(action)}), usage());
     if (std::max<std::size_t>(words.size(), 1) != expected)
-        return reportWrongUsage(localized("Nombre d’arguments incorrect pour « %1 ».", {action}));
+        return reportWrongUsage(localized("Nombre d’arguments incorrect pour « %1 ».", {action}), usage());
     if (action == "auto" && words[2] != "on" && words[2] != "off")
-        return reportWrongUsage(localized("« %1 » : il faut « on » ou « off ».", {displayText(words[2])}));
+        return reportWrongUsage(localized("« %1 » : il faut « on » ou « off ».", {displayText(words[2])}), usage());
 
     LibrarySession session(context);
     if (!session.load())
@@ -164,7 +155,7 @@ int runFoldersCommand(const CommandContext &context, const Words &words, OutputF
     else
         status = session.reportSaveErrors() ? kDone : kFailed;
     if (format == OutputFormat::Json)
-        printJson(session.folders());
+        printList(session.folders());
     else if (status == kDone)
         printText(session.folders());
     return status;

@@ -1,11 +1,10 @@
 #include "CLI/LibrarySession.h"
 
 #include "CLI/DisplayText.h"
+#include "CLI/Output.h"
 #include "CLI/StatusLine.h"
 #include "Platform/FileEventStream.h"
 #include "Support/Localization.h"
-
-#include <iostream>
 
 namespace kerlune {
 
@@ -26,11 +25,9 @@ LibrarySession::LibrarySession(const CommandContext &context)
 {
     m_folders.refreshManagedLibraryEntry();
     if (m_folders.isListUnreadable()) {
-        std::cerr << "kerlune: "
-                  << localized("La liste des dossiers surveillés (watched-folders.json) ne peut pas être lue : elle "
+        printMessage(localized("La liste des dossiers surveillés (watched-folders.json) ne peut pas être lue : elle "
                                "compte comme vide. Le fichier n’a pas été modifié ; le prochain changement de la "
-                               "liste en gardera une copie.")
-                  << '\n';
+                               "liste en gardera une copie."));
     }
 }
 
@@ -58,9 +55,9 @@ bool LibrarySession::load()
 void LibrarySession::reportFailures() const
 {
     for (const RegistrationError &error : m_activation.failures())
-        std::cerr << "kerlune: " << displayText(error.description()) << '\n';
+        printMessage(displayText(error.description()));
     if (m_activation.failures().empty())
-        std::cerr << "kerlune: " << m_activation.lastError().value_or(std::string()) << '\n';
+        printMessage(m_activation.lastError().value_or(std::string()));
 }
 
 bool LibrarySession::reportSaveErrors() const
@@ -69,7 +66,7 @@ bool LibrarySession::reportSaveErrors() const
     for (const auto &error : {m_activation.saveError(), m_folders.saveError()}) {
         if (!error)
             continue;
-        std::cerr << "kerlune: " << *error << '\n';
+        printMessage(*error);
         isSaved = false;
     }
     return isSaved;

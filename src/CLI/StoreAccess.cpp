@@ -1,8 +1,9 @@
 #include "CLI/StoreAccess.h"
 
+#include "CLI/DisplayText.h"
+#include "CLI/Output.h"
 #include "Support/Localization.h"
 
-#include <iostream>
 #include <string>
 #include <system_error>
 
@@ -57,9 +58,9 @@ std::unique_ptr<FontIndexStore> openStore(const Directories &directories)
 void reportStoreError(const StoreError &error, const Directories &directories)
 {
     const auto path = directories.applicationSupport / "index.sqlite";
-    std::cerr << "kerlune: " << error.description() << " (" << path.string() << ")\n";
+    printMessage(error.description() + " (" + displayText(path.native()) + ')');
     if (const std::string text = advice(error.cause, directories); !text.empty())
-        std::cerr << "kerlune: " << text << '\n';
+        printMessage(text);
 }
 
 } // namespace kerlune
