@@ -95,7 +95,7 @@ TEST_F(AppStateTest, IndexesWhenTheNumberOfFontsHasChangedAndReadsTheIndexElse)
         EXPECT_THAT(again->state.families(), SizeIs(2));
         EXPECT_FALSE(again->state.isIndexing());
     }
-    put("Polices/c.ttf", "mono.ttf");
+    put("Polices/c.ttf", "mono-post.ttf");
     const auto grown = open();
     EXPECT_THAT(messagesOf(*grown), Contains("Analyse de 3 graisses…"));
     EXPECT_DOUBLE_EQ(grown->state.indexProgress(), 1);
@@ -183,7 +183,7 @@ TEST_F(AppStateTest, RefreshesOnceAfterManyNotifications)
     EXPECT_EQ(program->state.store()->indexedCount(), 2); // as many as the next start finds on offer
 
     fs::remove(a);
-    fs::copy_file(testFont("mono.ttf"), m_home / "data/fonts/b.ttf", fs::copy_options::overwrite_existing);
+    fs::copy_file(testFont("mono-post.ttf"), m_home / "data/fonts/b.ttf", fs::copy_options::overwrite_existing);
     QCoro::waitFor(program->state.refreshRegisteredFonts());
     EXPECT_THAT(program->names(), SizeIs(2));
     const auto kept = program->state.library();
@@ -370,7 +370,7 @@ TEST_F(AppStateTest, ActivatesTheFacesThatLieInWatchedFolders)
 {
     put("data/fonts/a.ttf");
     const std::string b = put("Polices/b.ttf", "italic.ttf");
-    const std::string c = put("Polices/c.ttf", "mono.ttf");
+    const std::string c = put("Polices/c.ttf", "mono-post.ttf");
     watch("Polices");
     const auto program = open();
     program->load();

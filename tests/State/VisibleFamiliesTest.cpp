@@ -128,7 +128,7 @@ TEST(VisibleFamilies, FollowTheSidebar)
     made.collectionMembers = {{"c", {"Bodoni", "Partie"}}};
     made.tags = {{"Arial", {"web"}}};
     made.folders = {{"f", "/polices"}, {"g", "/polices2/"}};
-    made.smartCollections = {{"s", "Titres", {.search = "ar", .hideItalic = true}}, {"t", "Rien", {.search = "zz"}}};
+    made.smartCollections = {{"s", "Titres", {.search = "aria", .hideItalic = true}}, {"t", "Rien", {.search = "zz"}}};
     const std::string arial = "Arial: Light Regular Black";
     const std::string bodoni = "Bodoni: Regular Italic";
     const std::vector<std::string> all{arial, bodoni, "Cour: Mono", "Didot: Italic"};
