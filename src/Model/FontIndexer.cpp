@@ -119,7 +119,7 @@ FontIndexer::Index FontIndexer::buildIndex(const ProgressHandler &onProgress) co
 {
     FontCatalog::Listing available = availableDescriptors(Duplicates::Remove);
     const std::vector<FontDescriptor> &fonts = available.fonts;
-    std::vector<Extraction> extractions = extract(fonts, onProgress);
+    std::vector<Extraction> extractions = extractAll(fonts, onProgress);
 
     Index index{{}, std::move(available.skipped)};
     std::vector<FontDescriptor> costly;
@@ -138,7 +138,7 @@ FontIndexer::Index FontIndexer::buildIndex(const ProgressHandler &onProgress) co
     return index;
 }
 
-auto FontIndexer::extract(std::span<const FontDescriptor> descriptors, const ProgressHandler &onProgress)
+auto FontIndexer::extractAll(std::span<const FontDescriptor> descriptors, const ProgressHandler &onProgress)
     -> std::vector<Extraction>
 {
     const auto total = static_cast<std::int64_t>(descriptors.size());

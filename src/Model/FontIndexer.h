@@ -38,8 +38,8 @@ public:
 
     // Faces in their order, on all cores; quicker where those of a file follow each other.
     using Extraction = tl::expected<FontRecordPointer, FontError>;
-    static std::vector<Extraction> extract(std::span<const FontDescriptor> descriptors,
-                                           const ProgressHandler &onProgress = {});
+    static std::vector<Extraction> extractAll(std::span<const FontDescriptor> descriptors,
+                                              const ProgressHandler &onProgress = {});
 
     // One face. Reading it may take two seconds of processor time.
     static tl::expected<FontRecord, FontError> extract(const FontDescriptor &descriptor);

@@ -169,6 +169,8 @@ QCoro::Task<> AppState::index(std::int64_t count)
 
 void AppState::showProgress(int done, int total)
 {
+    if (done == 0) // nothing was reported yet
+        return;
     indexProgress.set(total < 1 ? 0 : static_cast<double>(done) / total); // tells its observers of changes only
     indexMessage.set(localized("Analyse %1 / %2", {std::to_string(done), std::to_string(total)}));
 }

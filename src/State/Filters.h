@@ -23,8 +23,8 @@ struct WeightRange {
 
 // What the browser narrows the library by. All criteria must hold; one at its default asks for nothing.
 struct Filters {
-    std::string search;               // see SearchIndex
-    std::set<FontClass> classes;      // of the representative face, any of them
+    std::string search = {};          // see SearchIndex
+    std::set<FontClass> classes = {}; // of the representative face, any of them
     bool onlyVariable = false;        // a face is variable
     bool onlyMonospace = false;       // the representative face is
     bool onlyColor = false;           // a face is
@@ -33,8 +33,8 @@ struct Filters {
     std::uint64_t languageBits = 0;   // see ScriptCoverage; the faces of the family cover all of them together
     WeightRange weightRange = {};     // keeps the faces within
     bool riskyLicenseOnly = false;    // a face forbids embedding
-    std::string requiredGlyphs;       // characters that the representative face has, spaces included
-    std::set<std::string> tags;       // the family carries all of them
+    std::string requiredGlyphs = {};  // characters that the representative face has, spaces included
+    std::set<std::string> tags = {};  // the family carries all of them
 
     bool isActive() const { return *this != Filters(); }
     bool operator==(const Filters &) const = default;

@@ -13,7 +13,8 @@ namespace kerlune {
 
 class FontIndexStore;
 
-// Notices that another process has changed the database or one of the state files, by looking at them from time to time.
+// Notices that another process has changed the database or one of the state files, by looking at them from time to
+// time.
 //
 // Thread: main.
 class ForeignChanges final : public QObject {

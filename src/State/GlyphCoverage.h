@@ -13,8 +13,8 @@
 
 namespace kerlune {
 
-// Tells which faces have certain characters, by asking the fonts themselves. What was read is kept, up to 64 MiB, so that
-// the next character typed is answered at once.
+// Tells which faces have certain characters, by asking the fonts themselves. What was read is kept, up to 64 MiB, so
+// that the next character typed is answered at once.
 //
 // Thread: any; blocks while it reads files, on all cores.
 // Errors: a face that cannot be read has no character.
@@ -35,7 +35,7 @@ private:
 
     Map characterMap(const FontRecord &face);
 
-    std::mutex m_mutex; // guards what follows
+    std::mutex m_mutex;                               // guards what follows
     std::unordered_map<std::string, Entry> m_entries; // by PostScript name
     std::size_t m_bytes = 0;                          // of the maps kept
 };

@@ -65,7 +65,7 @@ std::optional<Records> refreshedRecords(const FontCatalog &catalog, const Record
         unread.push_back(font);
         records.push_back(nullptr);
     }
-    const auto read = FontIndexer::extract(unread);
+    const auto read = FontIndexer::extractAll(unread);
     for (std::size_t i = 0; i < read.size(); ++i)
         records[places[i]] = read[i].value_or(nullptr);
     std::erase(records, nullptr);

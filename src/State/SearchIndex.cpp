@@ -5,7 +5,7 @@
 
 #include <algorithm>
 #include <bit>
-#include <cstring>
+#include <functional>
 #include <numeric>
 
 namespace kerlune {
@@ -16,6 +16,8 @@ constexpr std::size_t kBlock = 64; // positions that are looked at together
 constexpr char kEndMark = '\xFF';  // a byte that no UTF-8 text holds: no match crosses it
 constexpr std::size_t kFamiliesOfAPart = 128;
 constexpr std::size_t kSampleStep = 16;
+
+static_assert(std::endian::native == std::endian::little, "the first candidate is the lowest bit of a word");
 
 void appendHaystack(std::string &text, const FontFamily &family)
 {
@@ -84,12 +86,12 @@ public:
             return kNone;
         const std::size_t lastStart = text.size() - m_needle.size();
         for (std::size_t start = from; start <= lastStart; start += kBlock) {
-            const Block candidates = candidatesFrom(text.data() + start);
-            for (std::size_t word = 0; word < kBlock; word += sizeof(std::uint64_t)) {
-                std::uint64_t bytes = 0;
-                std::memcpy(&bytes, candidates.data() + word, sizeof(bytes));
-                for (; bytes != 0; bytes &= bytes - 1) { // a candidate is one bit
-                    const std::size_t position = start + word + static_cast<std::size_t>(std::countr_zero(bytes)) / 8;
+            const auto words = std::bit_cast<Words>(candidatesFrom(text.data() + start));
+            if (std::accumulate(words.begin(), words.end(), std::uint64_t{0}, std::bit_or()) == 0)
+                continue;
+            for (std::size_t i = 0; i < kBlock; i += kWord) {
+                for (std::uint64_t word = words[i / kWord]; word != 0; word &= word - 1) { // a candidate is one bit
+                    const std::size_t position = start + i + static_cast<std::size_t>(std::countr_zero(word)) / kWord;
                     if (position <= lastStart && text.substr(position, m_needle.size()) == m_needle)
                         return position;
                 }
@@ -99,7 +101,9 @@ public:
     }
 
 private:
+    static constexpr std::size_t kWord = 8;         // bytes, and bits in a byte
     using Block = std::array<std::uint8_t, kBlock>; // 1 for a candidate, otherwise 0
+    using Words = std::array<std::uint64_t, kBlock / kWord>;
 
     Block candidatesFrom(const char *text) const
     {

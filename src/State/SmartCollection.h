@@ -10,7 +10,7 @@ namespace kerlune {
 struct SmartCollection {
     std::string id; // a UUID
     std::string name;
-    Filters filters;
+    Filters filters = {};
 
     bool operator==(const SmartCollection &) const = default;
 };

@@ -19,7 +19,7 @@ namespace kerlune {
 struct LibraryContext {
     const LoadedLibrary &library;
     const std::set<std::string> &favorites;
-    const std::vector<std::string> &recents; // most recent first
+    const std::vector<std::string> &recents;                               // most recent first
     const std::map<std::string, std::set<std::string>> &collectionMembers; // by collection id
     const TagsByFamily &tags;
     const std::vector<SmartCollection> &smartCollections;
@@ -27,8 +27,8 @@ struct LibraryContext {
     GlyphCoverage &glyphs;
 };
 
-// The families that the browser shows: those that the search finds, then those that the sidebar selects, then those that
-// the other filters let through. In library order, but for the recently used ones. An unknown id selects nothing.
+// The families that the browser shows: those that the search finds, then those that the sidebar selects, then those
+// that the other filters let through. In library order, but for the recently used ones. An unknown id selects nothing.
 //
 // Thread: any.
 std::vector<FontFamilyPointer> visibleFamilies(const Filters &filters, const SidebarSelection &selection,

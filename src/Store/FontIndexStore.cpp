@@ -3,6 +3,7 @@
 #include "Store/RecordRow.h"
 #include "Store/Schema.h"
 #include "Store/Statement.h"
+#include "Store/UserDataRows.h"
 #include "Support/Localization.h"
 #include "Support/Uuid.h"
 
@@ -135,36 +136,32 @@ bool FontIndexStore::migrate()
     if (isCurrent())
         return true;
     // Another process may do the same at this moment, and write its index right after: look again under the lock.
-    if (!execute("BEGIN IMMEDIATE;"))
-        return false;
-    if (!isCurrent() && execute("DELETE FROM fonts;"))
-        setMetaOnQueue("schema_version", std::to_string(kSchemaVersion));
-    return commit() && isCurrent(); // a table of another shape takes no version
+    const auto migrated = transact([&]() -> Written {
+        if (isCurrent())
+            return {};
+        return run("DELETE FROM fonts;", {}).and_then([&] {
+            return setMetaOnQueue("schema_version", std::to_string(kSchemaVersion));
+        });
+    });
+    return migrated && isCurrent(); // a table of another shape takes no version
 }
 
 tl::expected<void, FontIndexStore::StoreError> FontIndexStore::replaceAll(std::span<const FontRecordPointer> records)
 {
-    return m_queue.sync([&]() -> tl::expected<void, StoreError> {
-        // Outside a transaction the deletion below would be for good.
-        if (!execute("BEGIN IMMEDIATE;"))
-            return tl::unexpected(error(StoreError::Kind::step));
-        auto inserted = insertAll(records);
-        if (inserted && !execute("COMMIT;"))
-            inserted = tl::unexpected(error(StoreError::Kind::step));
-        if (!inserted) {
-            execute("ROLLBACK;");
-            return inserted;
+    return m_queue.sync([&] {
+        auto replaced = transact([&] { return insertAll(records); });
+        if (replaced) {
+            setMetaOnQueue("indexed_at", shortestDecimal(m_clock()));
+            setMetaOnQueue("count", std::to_string(records.size()));
         }
-        setMetaOnQueue("indexed_at", shortestDecimal(m_clock()));
-        setMetaOnQueue("count", std::to_string(records.size()));
-        return {};
+        return replaced;
     });
 }
 
 tl::expected<void, FontIndexStore::StoreError> FontIndexStore::insertAll(std::span<const FontRecordPointer> records)
 {
-    if (!execute("DELETE FROM fonts;"))
-        return tl::unexpected(error(StoreError::Kind::step));
+    if (auto deleted = run("DELETE FROM fonts;", {}); !deleted)
+        return deleted;
     Statement insert(m_db.get(), kInsertRecord);
     if (!insert)
         return tl::unexpected(error(StoreError::Kind::prepare));
@@ -196,6 +193,14 @@ std::int64_t FontIndexStore::indexedCount()
     return count ? parseInteger(*count).value_or(0) : 0;
 }
 
+std::set<std::string> FontIndexStore::indexedFamilies()
+{
+    return m_queue.sync([&] {
+        const auto families = firstColumn("SELECT DISTINCT family FROM fonts;");
+        return std::set<std::string>(families.begin(), families.end());
+    });
+}
+
 std::optional<std::string> FontIndexStore::meta(const std::string &key)
 {
     return m_queue.sync([&] { return metaOnQueue(key); });
@@ -216,22 +221,18 @@ std::int64_t FontIndexStore::dataVersion()
 
 void FontIndexStore::saveFingerprints(const std::unordered_map<std::string, Vector> &vectors)
 {
-    m_queue.sync([&] {
-        if (!execute("BEGIN IMMEDIATE;"))
-            return;
+    const auto insertVectors = [&]() -> Written {
         Statement insert(m_db.get(), "INSERT OR REPLACE INTO fingerprints VALUES(?,?);");
-        if (!insert) {
-            execute("ROLLBACK;");
-            return;
-        }
         for (const auto &[postScriptName, vector] : vectors) {
             insert.reset();
             insert.bind(1, postScriptName);
             insert.bind(2, std::span(reinterpret_cast<const std::uint8_t *>(vector.data()), vector.size() * 4));
-            insert.finishes();
+            if (!insert.finishes())
+                return tl::unexpected(error(StoreError::Kind::step));
         }
-        commit();
-    });
+        return {};
+    };
+    m_queue.sync([&] { transact(insertVectors); });
 }
 
 std::unordered_map<std::string, FontIndexStore::Vector> FontIndexStore::loadFingerprints()
@@ -248,6 +249,8 @@ std::unordered_map<std::string, FontIndexStore::Vector> FontIndexStore::loadFing
                 std::memcpy(vector.data(), blob.data(), blob.size());
             vectors.insert_or_assign(select.text(0), std::move(vector));
         }
+        if (!select.isComplete())
+            vectors.clear();
         return vectors;
     });
 }
@@ -260,19 +263,21 @@ std::set<std::string> FontIndexStore::favorites()
     });
 }
 
-void FontIndexStore::setFavorite(const std::string &family, bool on)
+bool FontIndexStore::setFavorite(const std::string &family, bool on)
 {
-    m_queue.sync([&] {
-        if (on)
-            run("INSERT OR REPLACE INTO favorites(family,added) VALUES(?,?);", {family}, {m_clock()});
-        else
-            run("DELETE FROM favorites WHERE family=?;", {family});
+    return m_queue.sync([&] {
+        const Written written =
+            on ? run("INSERT OR REPLACE INTO favorites(family,added) VALUES(?,?);", {family}, {m_clock()})
+               : run("DELETE FROM favorites WHERE family=?;", {family});
+        return written.has_value();
     });
 }
 
-void FontIndexStore::noteRecent(const std::string &family)
+bool FontIndexStore::noteRecent(const std::string &family)
 {
-    m_queue.sync([&] { run("INSERT OR REPLACE INTO recents(family,used) VALUES(?,?);", {family}, {m_clock()}); });
+    return m_queue.sync([&] {
+        return run("INSERT OR REPLACE INTO recents(family,used) VALUES(?,?);", {family}, {m_clock()}).has_value();
+    });
 }
 
 std::vector<std::string> FontIndexStore::recents(int limit)
@@ -289,38 +294,51 @@ std::vector<FontIndexStore::Collection> FontIndexStore::collections()
         Statement select(m_db.get(), "SELECT id,name FROM collections ORDER BY sort_order, created;");
         while (select.nextRow())
             collections.push_back({select.text(0), select.text(1)});
+        if (!select.isComplete())
+            collections.clear();
         return collections;
     });
 }
 
-std::string FontIndexStore::createCollection(const std::string &name)
+std::optional<std::string> FontIndexStore::createCollection(const std::string &name)
 {
     return m_queue.sync([&] {
-        std::string id = newUuid();
-        run("INSERT INTO collections(id,name,created,sort_order) VALUES(?,?,?,0);", {id, name}, {m_clock()});
-        return id;
+        const std::string id = newUuid();
+        const Written written =
+            run("INSERT INTO collections(id,name,created,sort_order) VALUES(?,?,?,0);", {id, name}, {m_clock()});
+        return written ? std::optional(id) : std::nullopt;
     });
 }
 
-void FontIndexStore::renameCollection(const std::string &id, const std::string &name)
+bool FontIndexStore::renameCollection(const std::string &id, const std::string &name)
 {
-    m_queue.sync([&] { run("UPDATE collections SET name=? WHERE id=?;", {name, id}); });
+    return m_queue.sync([&] { return run("UPDATE collections SET name=? WHERE id=?;", {name, id}).has_value(); });
 }
 
-void FontIndexStore::deleteCollection(const std::string &id)
+bool FontIndexStore::deleteCollection(const std::string &id)
 {
-    m_queue.sync([&] {
-        run("DELETE FROM collections WHERE id=?;", {id});
-        run("DELETE FROM collection_items WHERE collection_id=?;", {id});
-    });
+    const auto deleteRows = [&] {
+        return run("DELETE FROM collections WHERE id=?;", {id}).and_then([&] {
+            return run("DELETE FROM collection_items WHERE collection_id=?;", {id});
+        });
+    };
+    return m_queue.sync([&] { return transact(deleteRows).has_value(); });
 }
 
-void FontIndexStore::addToCollection(const std::string &id, std::span<const std::string> families)
+bool FontIndexStore::addToCollection(const std::string &id, std::span<const std::string> families)
 {
-    m_queue.sync([&] {
-        for (const std::string &family : families)
-            run("INSERT OR IGNORE INTO collection_items VALUES(?,?);", {id, family});
-    });
+    const auto insertRows = [&] {
+        return runForEach("INSERT OR IGNORE INTO collection_items(family,collection_id) VALUES(?,?);", families, id);
+    };
+    return m_queue.sync([&] { return transact(insertRows).has_value(); });
+}
+
+bool FontIndexStore::removeFromCollection(const std::string &id, std::span<const std::string> families)
+{
+    const auto deleteRows = [&] {
+        return runForEach("DELETE FROM collection_items WHERE family=? AND collection_id=?;", families, id);
+    };
+    return m_queue.sync([&] { return transact(deleteRows).has_value(); });
 }
 
 std::vector<std::string> FontIndexStore::collectionMembers(const std::string &id)
@@ -336,36 +354,36 @@ std::map<std::string, std::set<std::string>> FontIndexStore::tags()
         Statement select(m_db.get(), "SELECT family, tag FROM tags;");
         while (select.nextRow())
             tagsByFamily[select.text(0)].insert(select.text(1));
+        if (!select.isComplete())
+            tagsByFamily.clear();
         return tagsByFamily;
     });
 }
 
-void FontIndexStore::setTag(const std::string &tag, std::span<const std::string> families, bool on)
+bool FontIndexStore::setTag(const std::string &tag, std::span<const std::string> families, bool on)
 {
-    m_queue.sync([&] {
-        execute("BEGIN;");
-        for (const std::string &family : families) {
-            run(on ? "INSERT OR IGNORE INTO tags(family,tag) VALUES(?,?);"
-                   : "DELETE FROM tags WHERE family=? AND tag=?;",
-                {family, tag});
-        }
-        commit();
-    });
+    const auto writeRows = [&] {
+        return runForEach(on ? "INSERT OR IGNORE INTO tags(family,tag) VALUES(?,?);"
+                             : "DELETE FROM tags WHERE family=? AND tag=?;",
+                          families, tag);
+    };
+    return m_queue.sync([&] { return transact(writeRows).has_value(); });
 }
 
-void FontIndexStore::renameTag(const std::string &old, const std::string &name)
+bool FontIndexStore::renameTag(const std::string &old, const std::string &name)
 {
-    m_queue.sync([&] {
-        execute("BEGIN;");
-        run("INSERT OR IGNORE INTO tags(family,tag) SELECT family, ? FROM tags WHERE tag=?;", {name, old});
-        run("DELETE FROM tags WHERE tag=?;", {old});
-        commit();
-    });
+    const auto writeRows = [&]() -> Written {
+        if (old == name)
+            return {};
+        return run("INSERT OR IGNORE INTO tags(family,tag) SELECT family, ? FROM tags WHERE tag=?;", {name, old})
+            .and_then([&] { return run("DELETE FROM tags WHERE tag=?;", {old}); });
+    };
+    return m_queue.sync([&] { return transact(writeRows).has_value(); });
 }
 
-void FontIndexStore::deleteTag(const std::string &tag)
+bool FontIndexStore::deleteTag(const std::string &tag)
 {
-    m_queue.sync([&] { run("DELETE FROM tags WHERE tag=?;", {tag}); });
+    return m_queue.sync([&] { return run("DELETE FROM tags WHERE tag=?;", {tag}).has_value(); });
 }
 
 std::vector<FontIndexStore::SmartCollectionRow> FontIndexStore::smartCollections()
@@ -375,22 +393,47 @@ std::vector<FontIndexStore::SmartCollectionRow> FontIndexStore::smartCollections
         Statement select(m_db.get(), "SELECT id,name,filters FROM smart_collections ORDER BY created;");
         while (select.nextRow())
             collections.push_back({select.text(0), select.text(1), select.text(2)});
+        if (!select.isComplete())
+            collections.clear();
         return collections;
     });
 }
 
-void FontIndexStore::saveSmartCollection(const SmartCollectionRow &collection)
+bool FontIndexStore::saveSmartCollection(const SmartCollectionRow &collection)
 {
-    m_queue.sync([&] {
-        run("INSERT INTO smart_collections(id,name,filters,created) VALUES(?,?,?,?)\n"
-            "ON CONFLICT(id) DO UPDATE SET name=excluded.name, filters=excluded.filters;",
-            {collection.id, collection.name, collection.filters}, {m_clock()});
+    return m_queue.sync([&] {
+        const Written written = run("INSERT INTO smart_collections(id,name,filters,created) VALUES(?,?,?,?)\n"
+                                    "ON CONFLICT(id) DO UPDATE SET name=excluded.name, filters=excluded.filters;",
+                                    {collection.id, collection.name, collection.filters}, {m_clock()});
+        return written.has_value();
     });
 }
 
-void FontIndexStore::deleteSmartCollection(const std::string &id)
+bool FontIndexStore::deleteSmartCollection(const std::string &id)
 {
-    m_queue.sync([&] { run("DELETE FROM smart_collections WHERE id=?;", {id}); });
+    return m_queue.sync([&] { return run("DELETE FROM smart_collections WHERE id=?;", {id}).has_value(); });
+}
+
+std::optional<UserData> FontIndexStore::userData()
+{
+    return m_queue.sync([&]() -> std::optional<UserData> {
+        if (!execute("BEGIN;"))
+            return std::nullopt;
+        auto data = readUserData(m_db.get());
+        execute("ROLLBACK;");
+        return data;
+    });
+}
+
+tl::expected<void, FontIndexStore::StoreError> FontIndexStore::restore(const UserData &data)
+{
+    return m_queue.sync([&] {
+        return transact([&]() -> Written {
+            if (!mergeUserData(m_db.get(), data))
+                return tl::unexpected(error(StoreError::Kind::step));
+            return {};
+        });
+    });
 }
 
 std::optional<std::string> FontIndexStore::metaOnQueue(const std::string &key)
@@ -402,9 +445,9 @@ std::optional<std::string> FontIndexStore::metaOnQueue(const std::string &key)
     return select.text(0);
 }
 
-void FontIndexStore::setMetaOnQueue(const std::string &key, const std::string &value)
+FontIndexStore::Written FontIndexStore::setMetaOnQueue(const std::string &key, const std::string &value)
 {
-    run("INSERT OR REPLACE INTO meta(key,value) VALUES(?,?);", {key, value});
+    return run("INSERT OR REPLACE INTO meta(key,value) VALUES(?,?);", {key, value});
 }
 
 bool FontIndexStore::execute(const char *sql)
@@ -424,24 +467,48 @@ bool FontIndexStore::executeWhenFree(const char *sql)
     return true;
 }
 
-bool FontIndexStore::commit()
+FontIndexStore::Written FontIndexStore::transact(const std::function<Written()> &write)
 {
-    if (execute("COMMIT;"))
-        return true;
-    execute("ROLLBACK;"); // an open transaction would swallow every later write
-    return false;
+    if (!execute("BEGIN IMMEDIATE;")) // outside a transaction each statement would count by itself
+        return tl::unexpected(error(StoreError::Kind::step));
+    Written written = write();
+    if (written && !execute("COMMIT;"))
+        written = tl::unexpected(error(StoreError::Kind::step));
+    if (!written)
+        execute("ROLLBACK;"); // an open transaction would swallow every later write
+    return written;
 }
 
-void FontIndexStore::run(std::string_view sql, std::initializer_list<std::string_view> texts,
-                         std::initializer_list<double> numbers)
+FontIndexStore::Written FontIndexStore::run(std::string_view sql, std::initializer_list<std::string_view> texts,
+                                            std::initializer_list<double> numbers)
 {
     Statement statement(m_db.get(), sql);
+    if (!statement)
+        return tl::unexpected(error(StoreError::Kind::prepare));
     int parameter = 0;
     for (const std::string_view text : texts)
         statement.bind(++parameter, text);
     for (const double number : numbers)
         statement.bind(++parameter, number);
-    statement.finishes();
+    if (!statement.finishes())
+        return tl::unexpected(error(StoreError::Kind::step));
+    return {};
+}
+
+FontIndexStore::Written FontIndexStore::runForEach(std::string_view sql, std::span<const std::string> families,
+                                                   std::string_view other)
+{
+    Statement statement(m_db.get(), sql);
+    if (!statement)
+        return tl::unexpected(error(StoreError::Kind::prepare));
+    for (const std::string &family : families) {
+        statement.reset();
+        statement.bind(1, family);
+        statement.bind(2, other);
+        if (!statement.finishes())
+            return tl::unexpected(error(StoreError::Kind::step));
+    }
+    return {};
 }
 
 std::vector<std::string> FontIndexStore::firstColumn(std::string_view sql,
@@ -456,6 +523,8 @@ std::vector<std::string> FontIndexStore::firstColumn(std::string_view sql,
         if (!select.isNull(0))
             values.push_back(select.text(0));
     }
+    if (!select.isComplete())
+        values.clear();
     return values;
 }
 

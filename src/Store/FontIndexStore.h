@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Model/FontRecord.h"
+#include "Store/UserData.h"
 #include "Support/Handle.h"
 #include "Support/SerialQueue.h"
 
@@ -26,8 +27,8 @@ namespace kerlune {
 // smart collections). docs/index-database.md describes the file.
 //
 // Thread: any. Each operation runs as a whole on a serial queue and blocks its caller; none interleaves with another.
-// Errors: opening and replaceAll() say what failed. Every other operation that fails does nothing, or answers that
-// there is nothing.
+// Errors: opening, replaceAll() and restore() say what failed. Every other operation that fails does nothing, or
+// answers that there is nothing. One that returns a bool says whether it was written; a change to what is not there is.
 class FontIndexStore final {
 public:
     struct StoreError {
@@ -74,6 +75,7 @@ public:
     tl::expected<void, StoreError> replaceAll(std::span<const FontRecordPointer> records); // whole or not at all
     std::vector<FontRecordPointer> loadAll();
     std::int64_t indexedCount();
+    std::set<std::string> indexedFamilies();
     std::optional<std::string> meta(const std::string &key);
     void setMeta(const std::string &key, const std::string &value);
 
@@ -86,43 +88,55 @@ public:
 
     // Favourite and recently used families.
     std::set<std::string> favorites();
-    void setFavorite(const std::string &family, bool on);
-    void noteRecent(const std::string &family);
+    bool setFavorite(const std::string &family, bool on);
+    bool noteRecent(const std::string &family);
     std::vector<std::string> recents(int limit); // most recent first
 
     // Collections of families.
     std::vector<Collection> collections();
-    std::string createCollection(const std::string &name); // its new id
-    void renameCollection(const std::string &id, const std::string &name);
-    void deleteCollection(const std::string &id);
-    void addToCollection(const std::string &id, std::span<const std::string> families);
+    std::optional<std::string> createCollection(const std::string &name); // its new id; absent when it was not written
+    bool renameCollection(const std::string &id, const std::string &name);
+    bool deleteCollection(const std::string &id);
+    bool addToCollection(const std::string &id, std::span<const std::string> families);
+    bool removeFromCollection(const std::string &id, std::span<const std::string> families);
     std::vector<std::string> collectionMembers(const std::string &id);
 
     // Tags of families.
     std::map<std::string, std::set<std::string>> tags(); // by family
-    void setTag(const std::string &tag, std::span<const std::string> families, bool on);
-    void renameTag(const std::string &old, const std::string &name);
-    void deleteTag(const std::string &tag);
+    bool setTag(const std::string &tag, std::span<const std::string> families, bool on);
+    bool renameTag(const std::string &old, const std::string &name);
+    bool deleteTag(const std::string &tag);
 
     // Smart collections, in creation order. Saving an id again changes its name and filters.
     std::vector<SmartCollectionRow> smartCollections();
-    void saveSmartCollection(const SmartCollectionRow &collection);
-    void deleteSmartCollection(const std::string &id);
+    bool saveSmartCollection(const SmartCollectionRow &collection);
+    bool deleteSmartCollection(const std::string &id);
+
+    // All that the user made, as it is at one moment. Absent when a part of it cannot be read.
+    std::optional<UserData> userData();
+    // Adds what the data hold to what is there, whole or not at all; nothing that is there is lost. A favourite that is
+    // there keeps its date and a recently used family the later one. A collection or smart collection whose id is there
+    // takes the name of the data, its families in addition or its filters, and keeps its date.
+    tl::expected<void, StoreError> restore(const UserData &data);
 
 private:
     FontIndexStore(Handle<sqlite3, sqlite3_close_v2> connection, Clock clock);
 
+    using Written = tl::expected<void, StoreError>;
+
     // The operations below run on the queue.
-    tl::expected<void, StoreError> prepareDatabase();
+    Written prepareDatabase();
     bool migrate();
-    tl::expected<void, StoreError> insertAll(std::span<const FontRecordPointer> records);
+    Written insertAll(std::span<const FontRecordPointer> records);
     std::optional<std::string> metaOnQueue(const std::string &key);
-    void setMetaOnQueue(const std::string &key, const std::string &value);
+    Written setMetaOnQueue(const std::string &key, const std::string &value);
     bool execute(const char *sql);
     bool executeWhenFree(const char *sql); // for what SQLite's own waiting does not cover, such as the change to WAL
-    bool commit();                         // or takes everything back
-    void run(std::string_view sql, std::initializer_list<std::string_view> texts,
-             std::initializer_list<double> numbers = {});
+    Written transact(const std::function<Written()> &write); // whole or not at all
+    Written run(std::string_view sql, std::initializer_list<std::string_view> texts,
+                std::initializer_list<double> numbers = {});
+    // Runs the statement for each family, as its first parameter; the other one stays.
+    Written runForEach(std::string_view sql, std::span<const std::string> families, std::string_view other);
     std::vector<std::string> firstColumn(std::string_view sql, std::initializer_list<std::string_view> texts = {});
     StoreError error(StoreError::Kind kind) const;
 

@@ -7,6 +7,7 @@
 #include <sqlite3.h>
 
 #include <atomic>
+#include <functional>
 #include <thread>
 
 namespace kerlune {
@@ -149,6 +150,7 @@ TEST_F(FontIndexStoreTest, ReplacesTheIndexAndCountsWhatItWasGiven)
     store->replaceAll(shared({sampleRecord("B"), sampleRecord("C")}));
     store->replaceAll(shared({sampleRecord("A"), second}));
     EXPECT_THAT(sql("SELECT ps_name, style FROM fonts"), ElementsAre("A|Second"));
+    EXPECT_THAT(store->indexedFamilies(), ElementsAre("Famille « É »"));
     EXPECT_EQ(store->indexedCount(), 2);
     store->setMeta("count", "12x");
     EXPECT_EQ(store->indexedCount(), 0);
@@ -272,14 +274,16 @@ TEST_F(FontIndexStoreTest, KeepsFavoritesAndCollections)
     store->setFavorite("A", false);
     EXPECT_THAT(store->favorites(), ElementsAre("B"));
 
-    const std::string first = store->createCollection("Première");
-    const std::string second = store->createCollection("Deuxième");
+    const std::string first = *store->createCollection("Première");
+    const std::string second = *store->createCollection("Deuxième");
     store->addToCollection(first, std::vector<std::string>{"A", "B", "A"});
     store->addToCollection(second, std::vector<std::string>{"C"});
     store->renameCollection(second, "Seconde");
     EXPECT_THAT(store->collections(), ElementsAre(FontIndexStore::Collection{first, "Première"},
                                                   FontIndexStore::Collection{second, "Seconde"}));
     EXPECT_THAT(store->collectionMembers(first), UnorderedElementsAre("A", "B"));
+    store->addToCollection(second, std::vector<std::string>{"A", "D"});
+    EXPECT_TRUE(store->removeFromCollection(second, std::vector<std::string>{"A", "not in it", "D"}));
     store->deleteCollection(first);
     EXPECT_THAT(store->collectionMembers(first), IsEmpty());
     EXPECT_THAT(store->collectionMembers(second), ElementsAre("C"));
@@ -292,6 +296,7 @@ TEST_F(FontIndexStoreTest, RenamesATagWithoutDoublingIt)
     store->setTag("b", std::vector<std::string>{"F"}, true);
     store->setTag("a", std::vector<std::string>{"H"}, false);
     store->renameTag("a", "b");
+    EXPECT_TRUE(store->renameTag("b", "b"));
     EXPECT_THAT(store->tags(), ElementsAre(Pair("F", ElementsAre("b")), Pair("G", ElementsAre("b"))));
     store->deleteTag("b");
     EXPECT_THAT(store->tags(), IsEmpty());
@@ -308,6 +313,160 @@ TEST_F(FontIndexStoreTest, SavesASmartCollectionAgainInItsPlace)
                             FontIndexStore::SmartCollectionRow{"2", "Deux", "{}"}));
     store->deleteSmartCollection("1");
     EXPECT_EQ(store->smartCollections().size(), 1U);
+}
+
+// Something in every table of the user's.
+std::string fillUserData(FontIndexStore &store)
+{
+    const std::vector<std::string> families{"F", "G"};
+    std::string collection = store.createCollection("Une").value_or("");
+    const bool isFilled = store.setFavorite("F", true) && store.noteRecent("G") &&
+                          store.addToCollection(collection, families) && store.setTag("t", families, true) &&
+                          store.saveSmartCollection({"1", "Un", "{}"});
+    EXPECT_TRUE(isFilled);
+    return collection;
+}
+
+TEST_F(FontIndexStoreTest, SaysWhenAChangeOfTheUserWasNotWritten)
+{
+    const FullDiskVfs disk;
+    const auto store = open();
+    const std::string collection = fillUserData(*store);
+    const std::optional<UserData> before = store->userData();
+    const std::vector<std::string> families{"G", "H"};
+    UserData more = *before;
+    more.tags["H"] = {"t"};
+    const std::vector<std::function<bool()>> changes{
+        [&] { return store->setFavorite("G", true); },
+        [&] { return store->setFavorite("F", false); },
+        [&] { return store->noteRecent("F"); },
+        [&] { return store->createCollection("Deux").has_value(); },
+        [&] { return store->renameCollection(collection, "Deux"); },
+        [&] { return store->addToCollection(collection, families); },
+        [&] { return store->removeFromCollection(collection, families); },
+        [&] { return store->deleteCollection(collection); },
+        [&] { return store->setTag("t", families, true); },
+        [&] { return store->setTag("t", families, false); },
+        [&] { return store->renameTag("t", "u"); },
+        [&] { return store->deleteTag("t"); },
+        [&] {
+            return store->saveSmartCollection({"1", "Deux", "{}"});
+        },
+        [&] { return store->deleteSmartCollection("1"); },
+        [&] { return store->restore(more).has_value(); },
+    };
+    disk.setRoom(0);
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+        EXPECT_FALSE(changes[i]()) << i;
+        EXPECT_EQ(store->userData(), before) << i;
+    }
+    disk.setRoom(FullDiskVfs::kUnlimited);
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+        EXPECT_TRUE(changes[i]()) << i;
+        EXPECT_NE(store->userData(), before) << i;
+        sql("DELETE FROM favorites; DELETE FROM recents; DELETE FROM collections; DELETE FROM collection_items;"
+            "DELETE FROM tags; DELETE FROM smart_collections");
+        EXPECT_TRUE(store->restore(*before)) << i;
+    }
+}
+
+TEST_F(FontIndexStoreTest, WritesManyFamiliesWhollyOrNotAtAll)
+{
+    const FullDiskVfs disk;
+    std::vector<std::string> many;
+    for (int i = 0; i < 5000; ++i)
+        many.push_back("Family " + std::to_string(i));
+    UserData data{.collections = {{.id = "1", .name = "Une", .families = {many.begin(), many.end()}}}};
+    for (const std::string &family : many)
+        data.tags[family] = {"t"};
+
+    const auto store = open();
+    for (const std::int64_t room : {20'000, 200'000}) { // some pages, and many
+        disk.setRoom(room);
+        EXPECT_FALSE(store->addToCollection("1", many));
+        EXPECT_FALSE(store->setTag("t", many, true));
+        const auto restored = store->restore(data);
+        ASSERT_FALSE(restored);
+        EXPECT_EQ(restored.error().cause, FontIndexStore::StoreError::Cause::diskFull);
+        EXPECT_EQ(restored.error().description(), "Écriture impossible : database or disk is full");
+        disk.setRoom(FullDiskVfs::kUnlimited);
+        EXPECT_EQ(store->userData(), UserData{});
+        EXPECT_THAT(store->collectionMembers("1"), IsEmpty());
+    }
+
+    // A step that fails for another reason leaves the transaction open.
+    for (const char *table : {"tags", "collection_items"})
+        sql(std::string("CREATE TRIGGER refuse_") + table + " BEFORE INSERT ON " + table +
+            " WHEN new.family='Family 4999' BEGIN SELECT RAISE(FAIL,'non'); END");
+    EXPECT_FALSE(store->setTag("t", many, true));
+    EXPECT_FALSE(store->addToCollection("1", many));
+    const auto refused = store->restore(data);
+    ASSERT_FALSE(refused);
+    EXPECT_EQ(refused.error().description(), "Écriture impossible : non");
+    EXPECT_TRUE(store->setTag("t", std::vector<std::string>{"A"}, true));
+    EXPECT_THAT(sql("SELECT family FROM tags UNION ALL SELECT family FROM collection_items"), ElementsAre("A"));
+}
+
+TEST_F(FontIndexStoreTest, BringsBackWhatTheUserMade)
+{
+    const auto store = open();
+    const std::string id = fillUserData(*store);
+    const auto saved = store->userData();
+    ASSERT_TRUE(saved);
+    EXPECT_EQ(*saved, (UserData{.favorites = {{"F", 1'000'002}},
+                                .collections = {{id, "Une", 1'000'001, 0, {"F", "G"}}},
+                                .tags = {{"F", {"t"}}, {"G", {"t"}}},
+                                .smartCollections = {{"1", "Un", "{}", 1'000'004}},
+                                .recents = {{"G", 1'000'003}}}));
+
+    const auto other = *FontIndexStore::open(m_folder / "other.sqlite");
+    for (int time = 0; time < 2; ++time) {
+        EXPECT_TRUE(other->restore(*saved));
+        EXPECT_EQ(other->userData(), saved);
+    }
+}
+
+TEST_F(FontIndexStoreTest, AddsABackupToWhatIsThere)
+{
+    const auto store = open();
+    EXPECT_TRUE(store->restore({.favorites = {{"A", 10}},
+                                .collections = {{"1", "Une", 10, 0, {"A"}}, {"2", "Deux", 20}},
+                                .tags = {{"A", {"a"}}},
+                                .smartCollections = {{"s", "S", "{}", 10}},
+                                .recents = {{"A", 10}, {"B", 10}}}));
+    sql("INSERT INTO recents VALUES('C', NULL)");
+    const UserData backup{.favorites = {{"A", 5}, {"B", 5}},
+                          .collections = {{"1", "Uno", 5, 0, {"B"}}, {"0", "Zéro", 5, 0, {"A"}}},
+                          .tags = {{"A", {"b"}}, {"B", {"a"}}},
+                          .smartCollections = {{"s", "T", "[]", 5}, {"r", "R", "{}", 5}},
+                          .recents = {{"A", 5}, {"B", 15}, {"C", 5}}};
+    const UserData united{
+        .favorites = {{"A", 10}, {"B", 5}},
+        .collections = {{"0", "Zéro", 5, 0, {"A"}}, {"1", "Uno", 10, 0, {"A", "B"}}, {"2", "Deux", 20}},
+        .tags = {{"A", {"a", "b"}}, {"B", {"a"}}},
+        .smartCollections = {{"r", "R", "{}", 5}, {"s", "T", "[]", 10}},
+        .recents = {{"A", 10}, {"B", 15}, {"C", 5}}};
+    for (int time = 0; time < 2; ++time) {
+        EXPECT_TRUE(store->restore(backup));
+        EXPECT_EQ(store->userData(), united);
+    }
+}
+
+TEST_F(FontIndexStoreTest, ReadsTheUsersDataWhollyOrNotAtAll)
+{
+    const auto store = open();
+    sql("INSERT INTO favorites VALUES(NULL, 1), ('A', 9e999), ('B', NULL);"
+        "INSERT INTO collections VALUES('1', 'Une', 'x', 7);"
+        "INSERT INTO collection_items VALUES('1', 'A'), ('gone', 'A');"
+        "INSERT INTO smart_collections VALUES(NULL, 'Un', '{}', 1)");
+    EXPECT_EQ(store->userData(),
+              (UserData{.favorites = {{"A", 0}, {"B", 0}}, .collections = {{"1", "Une", 0, 7, {"A"}}}}));
+    for (const char *table : {"favorites", "recents", "collections", "collection_items", "tags", "smart_collections"}) {
+        sql(std::string("ALTER TABLE ") + table + " RENAME TO away");
+        EXPECT_EQ(store->userData(), std::nullopt) << table;
+        sql(std::string("ALTER TABLE away RENAME TO ") + table);
+    }
+    EXPECT_TRUE(store->userData());
 }
 
 TEST_F(FontIndexStoreTest, ServesSeveralThreadsAndConnections)
