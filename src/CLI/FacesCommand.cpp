@@ -1,5 +1,6 @@
 #include "CLI/Commands.h"
 #include "CLI/DisplayText.h"
+#include "CLI/FamilyLine.h"
 #include "CLI/Output.h"
 #include "CLI/StoreAccess.h"
 #include "Model/FontIndexer.h"
@@ -14,9 +15,7 @@ namespace {
 void printText(const std::vector<FontRecordPointer> &records)
 {
     for (const FontFamily &family : FontIndexer::groupIntoFamilies(records)) {
-        std::cout << displayText(family.name) << " — " << label(family.representative()->classification) << ", "
-                  << localizedCount("%1 graisse", "%1 graisses", static_cast<std::int64_t>(family.faces.size()))
-                  << '\n';
+        std::cout << familyLine(family) << '\n';
         for (const FontRecordPointer &face : family.sortedFaces())
             std::cout << "    " << displayText(face->style) << "  [" << displayText(face->postScriptName) << "]  "
                       << displayText(face->filePath) << '\n';

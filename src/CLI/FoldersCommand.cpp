@@ -1,3 +1,4 @@
+#include "CLI/Action.h"
 #include "CLI/Commands.h"
 #include "CLI/DisplayText.h"
 #include "CLI/IndexUpdate.h"
@@ -9,7 +10,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include <algorithm>
+#include <array>
 #include <iostream>
 #include <system_error>
 
@@ -18,6 +19,9 @@ namespace kerlune {
 namespace {
 
 using Words = std::vector<std::string>;
+
+constexpr std::array kActions{Action{"list"}, Action{"add", 1, 1}, Action{"remove", 1, 1}, Action{"auto", 2, 2},
+                              Action{"rescan"}};
 
 std::string usage()
 {
@@ -130,26 +134,23 @@ int setAutoActivate(LibrarySession &session, const std::string &pathOrId, bool o
 
 int runFoldersCommand(const CommandContext &context, const Words &words, OutputFormat format)
 {
-    const std::string action = words.empty() ? "list" : words.front();
-    const std::size_t expected = action == "auto" ? 3 : action == "add" || action == "remove" ? 2 : 1;
-    const bool isKnown = expected > 1 || action == "list" || action == "rescan";
-    if (!isKnown)
-        return reportWrongUsage(localized("Action inconnue : « %1 ».", {displayText(action)}), usage());
-    if (std::max<std::size_t>(words.size(), 1) != expected)
-        return reportWrongUsage(localized("Nombre d’arguments incorrect pour « %1 ».", {action}), usage());
-    if (action == "auto" && words[2] != "on" && words[2] != "off")
-        return reportWrongUsage(localized("« %1 » : il faut « on » ou « off ».", {displayText(words[2])}), usage());
+    const auto chosen = chooseAction(kActions, words, usage());
+    if (!chosen)
+        return kWrongUsage;
+    const auto &[action, arguments] = *chosen;
+    if (action == "auto" && arguments[1] != "on" && arguments[1] != "off")
+        return reportWrongUsage(localized("« %1 » : il faut « on » ou « off ».", {displayText(arguments[1])}), usage());
 
     LibrarySession session(context);
     if (!session.load())
         return kFailed;
     int status = kDone;
     if (action == "add")
-        status = addFolder(context, session, words[1]);
+        status = addFolder(context, session, arguments[0]);
     else if (action == "remove")
-        status = removeFolder(context, session, words[1]);
+        status = removeFolder(context, session, arguments[0]);
     else if (action == "auto")
-        status = setAutoActivate(session, words[1], words[2] == "on");
+        status = setAutoActivate(session, arguments[0], arguments[1] == "on");
     else if (action == "rescan")
         status = finish(context, session, EmptyIndex::Refuse);
     else

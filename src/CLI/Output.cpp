@@ -39,4 +39,10 @@ int reportWrongUsage(const std::string &message, const std::string &advice)
     return kWrongUsage;
 }
 
+int report(const Refusal &refusal)
+{
+    printMessage(refusal.message);
+    return refusal.status;
+}
+
 } // namespace kerlune

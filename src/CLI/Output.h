@@ -34,4 +34,11 @@ void printMessage(const std::string &message);
 int reportFailure(const std::string &message);
 int reportWrongUsage(const std::string &message, const std::string &advice = {});
 
+// Why a command does not do what it was asked to.
+struct Refusal {
+    int status = kFailed;
+    std::string message = {};
+};
+int report(const Refusal &refusal);
+
 } // namespace kerlune

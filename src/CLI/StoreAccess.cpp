@@ -63,4 +63,12 @@ void reportStoreError(const StoreError &error, const Directories &directories)
         printMessage(text);
 }
 
+std::string whyNothingWasWritten(const Directories &directories)
+{
+    return isDiskFull(directories.applicationSupport)
+               ? localized("Écriture impossible : le disque est plein. Rien n’a changé.")
+               : localized("Écriture impossible : la base de données n’accepte pas la modification. Elle est "
+                           "endommagée, protégée ou occupée par un autre programme. Rien n’a changé.");
+}
+
 } // namespace kerlune
