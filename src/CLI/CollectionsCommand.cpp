@@ -38,6 +38,13 @@ const std::set<std::string> &members(const AppState &state, const std::string &i
     return found == state.collectionCache().end() ? none : found->second;
 }
 
+std::string collectionLine(const AppState &state, const Collection &collection)
+{
+    const auto count = static_cast<std::int64_t>(members(state, collection.id).size());
+    return displayText(collection.name) + "  [" + displayText(collection.id) + "] — " +
+           localizedCount("%1 famille", "%1 familles", count);
+}
+
 void printList(const AppState &state, OutputFormat format)
 {
     if (format == OutputFormat::Json) {
@@ -48,12 +55,22 @@ void printList(const AppState &state, OutputFormat format)
         return;
     }
     for (const Collection &collection : state.collections()) {
-        const std::set<std::string> &families = members(state, collection.id);
-        std::cout << displayText(collection.name) << "  [" << displayText(collection.id) << "] — "
-                  << localizedCount("%1 famille", "%1 familles", static_cast<std::int64_t>(families.size())) << '\n';
-        for (const std::string &family : families)
+        std::cout << collectionLine(state, collection) << '\n';
+        for (const std::string &family : members(state, collection.id))
             std::cout << "    " << displayText(family) << '\n';
     }
+}
+
+// Ends an action on one collection: says what it is like now, or that nothing was written.
+int finish(const StateSession &session, bool isWritten, const std::string &id)
+{
+    if (!isWritten)
+        return session.reportWriteFailure();
+    for (const Collection &collection : session.state().collections()) {
+        if (collection.id == id)
+            std::cerr << collectionLine(session.state(), collection) << '\n';
+    }
+    return kDone;
 }
 
 int reportEmptyName()
@@ -80,7 +97,7 @@ int rename(StateSession &session, const std::string &idOrName, const std::string
     const auto id = collectionId(session.state(), idOrName);
     if (!id)
         return report(id.error());
-    return session.state().renameCollection(*id, name) ? kDone : session.reportWriteFailure();
+    return finish(session, session.state().renameCollection(*id, name), *id);
 }
 
 int deleteCollection(StateSession &session, const std::string &idOrName)
@@ -99,7 +116,7 @@ int add(StateSession &session, const std::string &idOrName, const Words &names)
     const auto families = indexedFamilies(session.state(), names);
     if (!families)
         return report(families.error());
-    return session.state().addToCollection(*id, *families) ? kDone : session.reportWriteFailure();
+    return finish(session, session.state().addToCollection(*id, *families), *id);
 }
 
 int remove(StateSession &session, const std::string &idOrName, const Words &names)
@@ -108,7 +125,7 @@ int remove(StateSession &session, const std::string &idOrName, const Words &name
     if (!id)
         return report(id.error());
     const Words families = presentFamilies(members(session.state(), *id), names);
-    return session.state().removeFromCollection(*id, families) ? kDone : session.reportWriteFailure();
+    return finish(session, session.state().removeFromCollection(*id, families), *id);
 }
 
 } // namespace

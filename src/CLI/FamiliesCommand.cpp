@@ -53,7 +53,8 @@ int runFamiliesCommand(const CommandContext &context, const FilterOptions &optio
     if (!selection)
         return report(selection.error());
 
-    session->load();
+    const bool showsDuplicates = selection->kind == SidebarSelection::Kind::duplicates;
+    session->load(showsDuplicates ? Duplicates::Keep : Duplicates::Remove);
     state.filters = *std::move(filters);
     state.sidebarSelection = *selection;
     const AppState::Families &families = state.visibleFamilies();

@@ -28,7 +28,7 @@ std::unique_ptr<StateSession> StateSession::open(const CommandContext &context)
     return session;
 }
 
-void StateSession::load()
+void StateSession::load(Duplicates duplicates)
 {
     std::vector<std::string> notices;
     const auto noticeObserver = m_state.notice.observe([&] {
@@ -40,6 +40,8 @@ void StateSession::load()
         const auto messageObserver = m_state.indexMessage.observe(
             [&] { line.show(withProgressCells(m_state.indexMessage(), m_state.indexProgress())); });
         await(m_state.load());
+        if (duplicates == Duplicates::Keep)
+            await(m_state.refreshRegisteredFonts());
     }
     reportUnreadableList(m_state.folderLibrary());
     for (const std::string &notice : notices)

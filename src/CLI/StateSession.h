@@ -2,6 +2,7 @@
 
 #include "CLI/Commands.h"
 #include "CLI/NoEvents.h"
+#include "Platform/FontCatalog.h"
 #include "State/AppState.h"
 
 #include <memory>
@@ -19,8 +20,11 @@ public:
     static std::unique_ptr<StateSession> open(const CommandContext &context);
 
     AppState &state() { return m_state; }
+    const AppState &state() const { return m_state; }
 
-    void load(); // the fonts too; shows how far it has come
+    // The fonts too; shows how far it has come. The index holds one face for each PostScript name: to keep the others,
+    // the fonts are listed once more.
+    void load(Duplicates duplicates);
 
     // Says that a command of the state could not write, and gives the exit status.
     int reportWriteFailure() const;

@@ -37,7 +37,11 @@ int setFavorites(StateSession &session, const Words &families, bool on)
     const bool isWritten = std::all_of(families.begin(), families.end(), [&](const std::string &family) {
         return state.favorites().contains(family) == on || state.toggleFavorite(family);
     });
-    return isWritten ? kDone : session.reportWriteFailure();
+    if (!isWritten)
+        return session.reportWriteFailure();
+    const auto count = static_cast<std::int64_t>(state.favorites().size());
+    std::cerr << localizedCount("%1 famille favorite.", "%1 familles favorites.", count) << '\n';
+    return kDone;
 }
 
 } // namespace
