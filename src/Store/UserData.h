@@ -11,8 +11,8 @@ namespace kerlune {
 // All that the user made, for a backup. Dates are seconds since 1970-01-01 UTC.
 struct UserData {
     struct Collection {
-        std::string id;
-        std::string name;
+        std::string id = {};
+        std::string name = {};
         double created = 0;
         std::int64_t sortOrder = 0;
         std::set<std::string> families = {};
@@ -21,9 +21,9 @@ struct UserData {
     };
 
     struct SmartCollection {
-        std::string id;
-        std::string name;
-        std::string filters; // JSON text
+        std::string id = {};
+        std::string name = {};
+        std::string filters = {}; // JSON text
         double created = 0;
 
         bool operator==(const SmartCollection &) const = default;

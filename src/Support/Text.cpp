@@ -75,6 +75,12 @@ bool isValidUtf8(std::string_view text)
     return status == U_BUFFER_OVERFLOW_ERROR || status == U_ZERO_ERROR;
 }
 
+std::string validUtf8(std::string_view text)
+{
+    std::string valid;
+    return isValidUtf8(text) ? std::string(text) : unicode(text).toUTF8String(valid);
+}
+
 std::string lowercased(std::string_view text)
 {
     std::string lower;

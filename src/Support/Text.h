@@ -7,6 +7,7 @@
 namespace kerlune {
 
 bool isValidUtf8(std::string_view text);
+std::string validUtf8(std::string_view text); // what is not UTF-8 becomes U+FFFD
 
 // Unicode lower case, the same in every language (no Turkish dotless i).
 std::string lowercased(std::string_view text);

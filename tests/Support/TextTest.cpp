@@ -88,6 +88,7 @@ TEST(Text, KnowsWhatIsUtf8)
         EXPECT_TRUE(isValidUtf8(valid)) << valid;
     for (const char *invalid : {"\xE9", "a\xC3", "\xED\xA0\x80", "\xF8\x88\x80\x80\x80", "\xC0\xAF"})
         EXPECT_FALSE(isValidUtf8(invalid));
+    EXPECT_EQ(validUtf8("\xE9t\xC3\xA9"), "\uFFFDté");
 }
 
 TEST(Uuid, IsUpperCaseAndNew)
