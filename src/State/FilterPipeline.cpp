@@ -68,14 +68,16 @@ Families narrowedFaces(const Families &families, const std::function<bool(const 
 {
     Families narrowed;
     for (const FontFamilyPointer &family : families) {
-        std::vector<FontRecordPointer> faces;
-        faces.reserve(family->faces.size());
-        std::copy_if(family->faces.begin(), family->faces.end(), std::back_inserter(faces),
-                     [&](const FontRecordPointer &face) { return isKept(*face); });
-        if (faces.size() == family->faces.size())
+        const auto isFaceKept = [&](const FontRecordPointer &face) { return isKept(*face); };
+        const auto kept = std::count_if(family->faces.begin(), family->faces.end(), isFaceKept);
+        if (kept == std::ssize(family->faces)) {
             narrowed.push_back(family);
-        else if (!faces.empty())
-            narrowed.push_back(std::make_shared<const FontFamily>(FontFamily{family->name, std::move(faces)}));
+        } else if (kept > 0) {
+            FontFamily fewer{family->name, {}};
+            fewer.faces.reserve(static_cast<std::size_t>(kept));
+            std::copy_if(family->faces.begin(), family->faces.end(), std::back_inserter(fewer.faces), isFaceKept);
+            narrowed.push_back(std::make_shared<const FontFamily>(std::move(fewer)));
+        }
     }
     return narrowed;
 }
