@@ -196,7 +196,7 @@ public:
     bool toggleFavorite(const std::string &family);
     bool noteUsed(const std::string &family);
 
-    void setNotice(Notice notice);
+    void setNotice(Notice posted);
     void dismissNotice();
     void setApplyFeedback(ApplyResult feedback);
 

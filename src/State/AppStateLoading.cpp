@@ -189,8 +189,9 @@ void AppState::publish(std::shared_ptr<const LoadedLibrary> loaded)
 {
     m_counts.reset();
     m_languageCounts.reset();
-    m_duplicates.reset();
+    auto former = std::pair(library(), std::exchange(m_visible, std::nullopt));
     library.set(std::move(loaded));
+    m_pool.start([former = std::move(former)] {}); // freeing a hundred thousand records takes more than a frame
 }
 
 QCoro::Task<> AppState::refreshRegisteredFonts()

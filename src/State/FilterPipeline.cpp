@@ -2,6 +2,7 @@
 
 #include "State/GlyphCoverage.h"
 #include "State/SearchIndex.h"
+#include "Support/ParallelFor.h"
 #include "Support/Text.h"
 
 #include <algorithm>
@@ -23,6 +24,21 @@ bool carriesAll(const TagsByFamily &tags, const std::string &family, const std::
     const auto carried = tags.find(family);
     return carried != tags.end() &&
            std::includes(carried->second.begin(), carried->second.end(), wanted.begin(), wanted.end());
+}
+
+// The family itself where it keeps all faces, null where it keeps none.
+FontFamilyPointer narrowedFamily(const FontFamilyPointer &family, const std::function<bool(const FontRecord &)> &isKept)
+{
+    const auto isFaceKept = [&](const FontRecordPointer &face) { return isKept(*face); };
+    const auto kept = std::count_if(family->faces.begin(), family->faces.end(), isFaceKept);
+    if (kept == std::ssize(family->faces))
+        return family;
+    if (kept == 0)
+        return nullptr;
+    FontFamily fewer{family->name, {}};
+    fewer.faces.reserve(static_cast<std::size_t>(kept));
+    std::copy_if(family->faces.begin(), family->faces.end(), std::back_inserter(fewer.faces), isFaceKept);
+    return std::make_shared<const FontFamily>(std::move(fewer));
 }
 
 } // namespace
@@ -66,17 +82,12 @@ Families apply(const Filters &filters, Families families, const FilterSources &s
 
 Families narrowedFaces(const Families &families, const std::function<bool(const FontRecord &)> &isKept)
 {
-    Families narrowed;
-    for (const FontFamilyPointer &family : families) {
-        std::vector<FontRecordPointer> faces;
-        faces.reserve(family->faces.size());
-        std::copy_if(family->faces.begin(), family->faces.end(), std::back_inserter(faces),
-                     [&](const FontRecordPointer &face) { return isKept(*face); });
-        if (faces.size() == family->faces.size())
-            narrowed.push_back(family);
-        else if (!faces.empty())
-            narrowed.push_back(std::make_shared<const FontFamily>(FontFamily{family->name, std::move(faces)}));
-    }
+    Families narrowed(families.size());
+    parallelForRanges(families.size(), [&](std::size_t first, std::size_t last) {
+        for (std::size_t i = first; i != last; ++i)
+            narrowed[i] = narrowedFamily(families[i], isKept);
+    });
+    std::erase(narrowed, nullptr);
     return narrowed;
 }
 

@@ -32,6 +32,7 @@ std::vector<FontFamilyPointer> apply(const Filters &filters, std::vector<FontFam
                                      const FilterSources &sources, SearchText searchText);
 
 // Each family with the faces that are kept; those left with none are dropped. A family that keeps all is not copied.
+// `isKept` is called on all cores.
 std::vector<FontFamilyPointer> narrowedFaces(const std::vector<FontFamilyPointer> &families,
                                              const std::function<bool(const FontRecord &)> &isKept);
 

@@ -46,7 +46,7 @@ std::vector<ForeignChanges::FileStamp> ForeignChanges::stamps() const
 
 std::int64_t ForeignChanges::dataVersion() const
 {
-    return m_store == nullptr ? 0 : m_store->dataVersion();
+    return m_store == nullptr ? 0 : m_store->dataVersion().value_or(m_dataVersion); // or the next time
 }
 
 } // namespace kerlune

@@ -211,9 +211,9 @@ void FontIndexStore::setMeta(const std::string &key, const std::string &value)
     m_queue.sync([&] { setMetaOnQueue(key, value); });
 }
 
-std::int64_t FontIndexStore::dataVersion()
+std::optional<std::int64_t> FontIndexStore::dataVersion()
 {
-    return m_queue.sync([&] {
+    return m_queue.syncIfFree([&] {
         Statement select(m_db.get(), "PRAGMA data_version;");
         return select.nextRow() ? select.integer(0) : 0;
     });

@@ -79,8 +79,9 @@ public:
     std::optional<std::string> meta(const std::string &key);
     void setMeta(const std::string &key, const std::string &value);
 
-    // Changes whenever another process has written to the database.
-    std::int64_t dataVersion();
+    // Changes whenever another process has written to the database. Absent while another operation runs: this one does
+    // not wait.
+    std::optional<std::int64_t> dataVersion();
 
     // Fingerprints by PostScript name. Saving keeps those of other faces.
     void saveFingerprints(const std::unordered_map<std::string, Vector> &vectors);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <mutex>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -22,6 +23,14 @@ public:
     {
         const std::lock_guard turn(m_mutex);
         return std::forward<Operation>(operation)();
+    }
+
+    // Runs the operation if nobody else's is under way; absent otherwise.
+    template <typename Operation>
+    auto syncIfFree(Operation &&operation) -> std::optional<decltype(operation())>
+    {
+        const std::unique_lock turn(m_mutex, std::try_to_lock);
+        return turn ? std::optional(std::forward<Operation>(operation)()) : std::nullopt;
     }
 
 private:
