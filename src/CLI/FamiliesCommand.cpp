@@ -53,7 +53,10 @@ int runFamiliesCommand(const CommandContext &context, const FilterOptions &optio
     if (!selection)
         return report(selection.error());
 
-    const bool showsDuplicates = selection->kind == SidebarSelection::Kind::duplicates;
+    using Kind = SidebarSelection::Kind;
+    if (selection->kind == Kind::adobeFonts || selection->kind == Kind::googleFonts)
+        printMessage(localized("Les catalogues en ligne n’existent pas encore : rien n’est restreint."));
+    const bool showsDuplicates = selection->kind == Kind::duplicates;
     session->load(showsDuplicates ? Duplicates::Keep : Duplicates::Remove);
     state.filters = *std::move(filters);
     state.sidebarSelection = *selection;
