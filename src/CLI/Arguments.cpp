@@ -20,13 +20,10 @@ public:
 
     void read(const std::string &text)
     {
+        const bool isOption = !m_areOptionsOver && text.starts_with('-') && text != "-";
         if (!m_awaiting.empty())
             addValue(std::exchange(m_awaiting, {}), text);
-        else if (m_areOptionsOver)
-            addOperand(text);
-        else if (text == "--")
-            m_areOptionsOver = true;
-        else if (text.starts_with('-') && text != "-")
+        else if (isOption)
             readOption(text);
         else if (!m_list.empty())
             addValue(m_list, text);
@@ -48,6 +45,10 @@ private:
         const std::string name = text.substr(0, nameEnd);
         const CLI::Option *option = m_command->get_option_no_throw(name);
         m_list.clear();
+        if (text == "--") {
+            m_areOptionsOver = true;
+            return;
+        }
         if (option == nullptr || option->get_items_expected_max() == 0) {
             m_arguments.push_back(text);
             return;

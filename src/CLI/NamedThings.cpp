@@ -134,7 +134,7 @@ Id smartCollectionId(const AppState &state, const std::string &idOrName)
 
 Id readableSmartCollectionId(const AppState &state, const std::string &idOrName)
 {
-    const Id id = smartCollectionId(state, idOrName);
+    Id id = smartCollectionId(state, idOrName);
     const auto &known = state.smartCollections();
     const bool isKnown = id && std::any_of(known.begin(), known.end(),
                                            [&](const SmartCollection &collection) { return collection.id == *id; });
