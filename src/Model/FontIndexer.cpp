@@ -115,11 +115,11 @@ FontIndexer::FontIndexer(const FontCatalog &catalog)
     : m_catalog(catalog)
 {}
 
-FontIndexer::Index FontIndexer::buildIndex(const ProgressHandler &onProgress) const
+FontIndexer::Index FontIndexer::buildIndex(const ProgressHandler &onProgress, const std::stop_token &stop) const
 {
     FontCatalog::Listing available = availableDescriptors(Duplicates::Remove);
     const std::vector<FontDescriptor> &fonts = available.fonts;
-    std::vector<Extraction> extractions = extractAll(fonts, onProgress);
+    std::vector<Extraction> extractions = extractAll(fonts, onProgress, stop);
 
     Index index{{}, std::move(available.skipped)};
     std::vector<FontDescriptor> costly;
@@ -138,17 +138,17 @@ FontIndexer::Index FontIndexer::buildIndex(const ProgressHandler &onProgress) co
     return index;
 }
 
-auto FontIndexer::extractAll(std::span<const FontDescriptor> descriptors, const ProgressHandler &onProgress)
-    -> std::vector<Extraction>
+auto FontIndexer::extractAll(std::span<const FontDescriptor> descriptors, const ProgressHandler &onProgress,
+                             const std::stop_token &stop) -> std::vector<Extraction>
 {
     const auto total = static_cast<std::int64_t>(descriptors.size());
-    std::vector<Extraction> extractions(descriptors.size());
+    std::vector<Extraction> extractions(descriptors.size(), tl::unexpected(FontError::Unreadable));
     std::int64_t completed = 0;
     std::mutex mutex; // guards the two above
 
     parallelForRanges(descriptors.size(), [&](std::size_t first, std::size_t last) {
         RecordReader reader;
-        for (std::size_t i = first; i != last; ++i) {
+        for (std::size_t i = first; i != last && !stop.stop_requested(); ++i) {
             Extraction extraction = reader.read(descriptors[i]).map([](FontRecord &&record) {
                 return std::make_shared<const FontRecord>(std::move(record));
             });

@@ -2,9 +2,27 @@
 
 #include "Model/FontIndexer.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace kerlune {
+
+namespace {
+
+std::vector<FontFamily> duplicateFamilies(const std::vector<FontRecordPointer> &records)
+{
+    std::unordered_map<std::string_view, int> uses;
+    uses.reserve(records.size());
+    for (const FontRecordPointer &record : records)
+        ++uses[record->postScriptName];
+    std::vector<FontRecordPointer> shared;
+    std::copy_if(records.begin(), records.end(), std::back_inserter(shared),
+                 [&](const FontRecordPointer &record) { return uses.at(record->postScriptName) > 1; });
+    return FontIndexer::groupIntoFamilies(shared);
+}
+
+} // namespace
 
 LoadedLibrary makeLibrary(std::vector<FontRecordPointer> records)
 {
@@ -18,6 +36,8 @@ LoadedLibrary makeLibrary(std::vector<FontRecordPointer> records)
     library.recordByPostScriptName.reserve(library.records.size());
     for (const FontRecordPointer &record : library.records)
         library.recordByPostScriptName.emplace(record->postScriptName, record);
+    if (library.recordByPostScriptName.size() < library.records.size())
+        library.duplicates = duplicateFamilies(library.records);
     return library;
 }
 

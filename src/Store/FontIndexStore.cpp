@@ -9,10 +9,12 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <charconv>
 #include <chrono>
+#include <cmath>
 #include <cstring>
 #include <thread>
 #include <utility>
@@ -213,10 +215,11 @@ void FontIndexStore::setMeta(const std::string &key, const std::string &value)
 
 std::optional<std::int64_t> FontIndexStore::dataVersion()
 {
-    return m_queue.syncIfFree([&] {
+    const auto version = m_queue.syncIfFree([&]() -> std::optional<std::int64_t> {
         Statement select(m_db.get(), "PRAGMA data_version;");
-        return select.nextRow() ? select.integer(0) : 0;
+        return select.nextRow() ? std::optional(select.integer(0)) : std::nullopt;
     });
+    return version.value_or(std::nullopt);
 }
 
 void FontIndexStore::saveFingerprints(const std::unordered_map<std::string, Vector> &vectors)
@@ -276,7 +279,12 @@ bool FontIndexStore::setFavorite(const std::string &family, bool on)
 bool FontIndexStore::noteRecent(const std::string &family)
 {
     return m_queue.sync([&] {
-        return run("INSERT OR REPLACE INTO recents(family,used) VALUES(?,?);", {family}, {m_clock()}).has_value();
+        double last = 0;
+        if (Statement select(m_db.get(), "SELECT max(used) FROM recents;"); select.nextRow())
+            last = select.real(0);
+        constexpr double kStep = 0.001; // seconds
+        const double used = std::isfinite(last) ? std::max(m_clock(), last + kStep) : m_clock();
+        return run("INSERT OR REPLACE INTO recents(family,used) VALUES(?,?);", {family}, {used}).has_value();
     });
 }
 
@@ -328,7 +336,9 @@ bool FontIndexStore::deleteCollection(const std::string &id)
 bool FontIndexStore::addToCollection(const std::string &id, std::span<const std::string> families)
 {
     const auto insertRows = [&] {
-        return runForEach("INSERT OR IGNORE INTO collection_items(family,collection_id) VALUES(?,?);", families, id);
+        return runForEach("INSERT OR IGNORE INTO collection_items(family,collection_id)\n"
+                          "SELECT ?1,?2 WHERE EXISTS(SELECT 1 FROM collections WHERE id=?2);",
+                          families, id);
     };
     return m_queue.sync([&] { return transact(insertRows).has_value(); });
 }
@@ -345,6 +355,23 @@ std::vector<std::string> FontIndexStore::collectionMembers(const std::string &id
 {
     return m_queue.sync(
         [&] { return firstColumn("SELECT family FROM collection_items WHERE collection_id=?;", {id}); });
+}
+
+std::map<std::string, std::set<std::string>> FontIndexStore::allCollectionMembers()
+{
+    return m_queue.sync([&] {
+        std::map<std::string, std::set<std::string>> members;
+        Statement select(m_db.get(),
+                         "SELECT id, family FROM collections LEFT JOIN collection_items ON collection_id=id;");
+        while (select.nextRow()) {
+            std::set<std::string> &families = members[select.text(0)];
+            if (!select.isNull(1))
+                families.insert(select.text(1));
+        }
+        if (!select.isComplete())
+            members.clear();
+        return members;
+    });
 }
 
 std::map<std::string, std::set<std::string>> FontIndexStore::tags()
@@ -406,6 +433,18 @@ bool FontIndexStore::saveSmartCollection(const SmartCollectionRow &collection)
                                     "ON CONFLICT(id) DO UPDATE SET name=excluded.name, filters=excluded.filters;",
                                     {collection.id, collection.name, collection.filters}, {m_clock()});
         return written.has_value();
+    });
+}
+
+bool FontIndexStore::renameSmartCollection(const std::string &id, const std::string &name)
+{
+    return m_queue.sync([&] { return run("UPDATE smart_collections SET name=? WHERE id=?;", {name, id}).has_value(); });
+}
+
+bool FontIndexStore::setSmartCollectionFilters(const std::string &id, const std::string &filters)
+{
+    return m_queue.sync([&] {
+        return run("UPDATE smart_collections SET filters=? WHERE id=?;", {filters, id}).has_value();
     });
 }
 

@@ -381,17 +381,18 @@ TEST_F(FontIndexStoreTest, WritesManyFamiliesWhollyOrNotAtAll)
         data.tags[family] = {"t"};
 
     const auto store = open();
+    const std::string id = *store->createCollection("Vide");
+    const auto before = store->userData();
     for (const std::int64_t room : {20'000, 200'000}) { // some pages, and many
         disk.setRoom(room);
-        EXPECT_FALSE(store->addToCollection("1", many));
+        EXPECT_FALSE(store->addToCollection(id, many));
         EXPECT_FALSE(store->setTag("t", many, true));
         const auto restored = store->restore(data);
         ASSERT_FALSE(restored);
         EXPECT_EQ(restored.error().cause, FontIndexStore::StoreError::Cause::diskFull);
         EXPECT_EQ(restored.error().description(), "Écriture impossible : database or disk is full");
         disk.setRoom(FullDiskVfs::kUnlimited);
-        EXPECT_EQ(store->userData(), UserData{});
-        EXPECT_THAT(store->collectionMembers("1"), IsEmpty());
+        EXPECT_EQ(store->userData(), before);
     }
 
     // A step that fails for another reason leaves the transaction open.
@@ -399,7 +400,7 @@ TEST_F(FontIndexStoreTest, WritesManyFamiliesWhollyOrNotAtAll)
         sql(std::string("CREATE TRIGGER refuse_") + table + " BEFORE INSERT ON " + table +
             " WHEN new.family='Family 4999' BEGIN SELECT RAISE(FAIL,'non'); END");
     EXPECT_FALSE(store->setTag("t", many, true));
-    EXPECT_FALSE(store->addToCollection("1", many));
+    EXPECT_FALSE(store->addToCollection(id, many));
     const auto refused = store->restore(data);
     ASSERT_FALSE(refused);
     EXPECT_EQ(refused.error().description(), "Écriture impossible : non");
