@@ -179,18 +179,24 @@ std::vector<FontFamily> FontIndexer::groupIntoFamilies(std::span<const FontRecor
 {
     std::vector<FontFamily> families;
     std::unordered_map<std::string_view, std::size_t> positions; // views into the records, which stay
-    for (const FontRecordPointer &record : records) {
-        const auto [position, isNew] = positions.try_emplace(record->family, families.size());
+    for (auto first = records.begin(); first != records.end();) {
+        const std::string &family = (*first)->family;
+        const auto last =
+            std::find_if(first, records.end(), [&](const auto &record) { return record->family != family; });
+        const auto [position, isNew] = positions.try_emplace(family, families.size());
         if (isNew)
-            families.push_back({record->family, {}});
-        families[position->second].faces.push_back(record);
+            families.push_back({family, {}});
+        std::vector<FontRecordPointer> &faces = families[position->second].faces;
+        faces.insert(faces.end(), first, last); // mostly these are all
+        first = last;
     }
 
-    const NameCollator collator;
-    std::vector<std::pair<std::string, std::size_t>> keys;
-    keys.reserve(families.size());
-    for (std::size_t i = 0; i < families.size(); ++i)
-        keys.emplace_back(collator.sortKey(families[i].name), i);
+    std::vector<std::pair<std::string, std::size_t>> keys(families.size());
+    parallelForRanges(families.size(), [&](std::size_t first, std::size_t last) {
+        const NameCollator collator;
+        for (std::size_t i = first; i != last; ++i)
+            keys[i] = {collator.sortKey(families[i].name), i};
+    });
     std::sort(keys.begin(), keys.end()); // equal keys by position: stable
 
     std::vector<FontFamily> sorted;

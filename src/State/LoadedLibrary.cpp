@@ -1,6 +1,7 @@
 #include "State/LoadedLibrary.h"
 
 #include "Model/FontIndexer.h"
+#include "Support/ParallelTasks.h"
 
 #include <algorithm>
 #include <iterator>
@@ -29,13 +30,17 @@ LoadedLibrary makeLibrary(std::vector<FontRecordPointer> records)
     LoadedLibrary library{.records = std::move(records)};
     for (FontFamily &family : FontIndexer::groupIntoFamilies(library.records))
         library.families.push_back(std::make_shared<const FontFamily>(std::move(family)));
-    library.searchIndex = SearchIndex(library.families);
+    ParallelTasks tasks;
+    tasks.run([&library] {
+        library.recordByPostScriptName.reserve(library.records.size());
+        for (const FontRecordPointer &record : library.records)
+            library.recordByPostScriptName.emplace(record->postScriptName, record);
+    });
     library.familyByName.reserve(library.families.size());
     for (const FontFamilyPointer &family : library.families)
         library.familyByName.emplace(family->name, family);
-    library.recordByPostScriptName.reserve(library.records.size());
-    for (const FontRecordPointer &record : library.records)
-        library.recordByPostScriptName.emplace(record->postScriptName, record);
+    library.searchIndex = SearchIndex(library.families);
+    tasks.wait();
     if (library.recordByPostScriptName.size() < library.records.size())
         library.duplicates = duplicateFamilies(library.records);
     return library;

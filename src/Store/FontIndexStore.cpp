@@ -1,5 +1,6 @@
 #include "Store/FontIndexStore.h"
 
+#include "Store/RecordReader.h"
 #include "Store/RecordRow.h"
 #include "Store/Schema.h"
 #include "Store/Statement.h"
@@ -106,7 +107,7 @@ tl::expected<std::unique_ptr<FontIndexStore>, FontIndexStore::StoreError>
 FontIndexStore::open(const std::filesystem::path &path, Clock clock)
 {
     sqlite3 *connection = nullptr;
-    constexpr int kFlags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_FULLMUTEX;
+    constexpr int kFlags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX;
     const int result = sqlite3_open_v2(path.c_str(), &connection, kFlags, nullptr);
     std::unique_ptr<FontIndexStore> store(
         new FontIndexStore(Handle<sqlite3, sqlite3_close_v2>(connection), std::move(clock)));
@@ -178,15 +179,8 @@ tl::expected<void, FontIndexStore::StoreError> FontIndexStore::insertAll(std::sp
 
 std::vector<FontRecordPointer> FontIndexStore::loadAll()
 {
-    return m_queue.sync([&] {
-        std::vector<FontRecordPointer> records;
-        Statement select(m_db.get(), "SELECT * FROM fonts;");
-        while (select.nextRow())
-            records.push_back(std::make_shared<const FontRecord>(readRecord(select)));
-        if (!select.isComplete())
-            records.clear(); // half an index would pass for a whole one
-        return records;
-    });
+    // Half an index would pass for a whole one: then it is none.
+    return m_queue.sync([&] { return readRecords(m_db.get()).value_or(std::vector<FontRecordPointer>()); });
 }
 
 std::int64_t FontIndexStore::indexedCount()
