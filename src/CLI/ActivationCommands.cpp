@@ -1,6 +1,7 @@
 #include "CLI/Commands.h"
 #include "CLI/DisplayText.h"
 #include "CLI/LibrarySession.h"
+#include "CLI/Output.h"
 #include "CLI/StatusLine.h"
 #include "CLI/StoreAccess.h"
 #include "Library/FolderScan.h"
@@ -23,16 +24,10 @@ using Paths = std::vector<std::string>;
 
 enum class Direction { Activate, Deactivate };
 
-int reportWrongUsage(const std::string &message)
-{
-    std::cerr << "kerlune: " << message << '\n';
-    return kWrongUsage;
-}
-
 void printActive(const ActivationManager::Paths &paths, OutputFormat format)
 {
     if (format == OutputFormat::Json) {
-        std::cout << nlohmann::json(paths).dump(4, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
+        printJson(paths);
         return;
     }
     for (const std::string &path : paths)
@@ -77,14 +72,11 @@ std::optional<Paths> filesOfFamily(const CommandContext &context, const FolderLi
     }
     if (!files.empty())
         return Paths(files.begin(), files.end());
-    std::cerr << "kerlune: "
-              << (isKnown
-                      ? localized("La famille « %1 » n’a aucun fichier dans un dossier surveillé : ses polices sont "
-                                  "celles du système, que tous les programmes voient déjà.",
-                                  {displayText(family)})
-                      : localized("Aucune famille « %1 » dans l’index ; « kerlune index » le remet à jour.",
-                                  {displayText(family)}))
-              << '\n';
+    printMessage(isKnown ? localized("La famille « %1 » n’a aucun fichier dans un dossier surveillé : ses polices sont "
+                                     "celles du système, que tous les programmes voient déjà.",
+                                     {displayText(family)})
+                         : localized("Aucune famille « %1 » dans l’index ; « kerlune index » le remet à jour.",
+                                     {displayText(family)}));
     return std::nullopt;
 }
 
@@ -119,10 +111,8 @@ int change(const CommandContext &context, const Paths &given, const std::string 
         family.empty() ? filesBelow(given, before, links) : filesOfFamily(context, session.folders(), family);
     if (!files)
         return kFailed;
-    if (files->empty()) {
-        std::cerr << "kerlune: " << localized("Aucune police à ces emplacements.") << '\n';
-        return kFailed;
-    }
+    if (files->empty())
+        return reportFailure(localized("Aucune police à ces emplacements."));
 
     const auto count = static_cast<std::int64_t>(activation.activePaths().size());
     bool isDone = false;
@@ -136,11 +126,9 @@ int change(const CommandContext &context, const Paths &given, const std::string 
         forgetFailures(activation);
     }
     if (direction == Direction::Activate && !context.registry.showsPersistentFonts()) {
-        std::cerr << "kerlune: "
-                  << localized("fontconfig ne lit pas le dossier des polices actives (%1) : les autres programmes ne "
+        printMessage(localized("fontconfig ne lit pas le dossier des polices actives (%1) : les autres programmes ne "
                                "les verront pas. Ajoutez ce dossier à sa configuration.",
-                               {displayText(activationLinksFolder(context.directories).native())})
-                  << '\n';
+                               {displayText(activationLinksFolder(context.directories).native())}));
     }
     std::cerr << summary(direction, std::abs(static_cast<std::int64_t>(activation.activePaths().size()) - count))
               << '\n';

@@ -1,6 +1,11 @@
 #include "CLI/CommandLine.h"
 
+#include "CLI/Arguments.h"
+#include "CLI/DisplayText.h"
+#include "CLI/FilterOptions.h"
+#include "CLI/Output.h"
 #include "Support/Localization.h"
+#include "Support/Text.h"
 
 #include <CLI/CLI.hpp>
 
@@ -41,47 +46,20 @@ std::shared_ptr<CLI::Formatter> makeHelpFormatter()
     return formatter;
 }
 
-// A sign before an argument that is to reach its command as it is. CLI11 would take "[a,b]" for a list of two, and
-// forget after the first path that "--" ends the options. The sign is removed before anything sees it.
-constexpr char kLiteral = '\x01';
-
-// The last argument comes first, as CLI11 wants them.
-std::vector<std::string> withSigns(int argc, const char *const *argv)
-{
-    std::vector<std::string> arguments;
-    bool isLiteral = false;
-    for (int i = 1; i < argc; ++i) {
-        const std::string text(argv[i]);
-        if (!isLiteral && text == "--")
-            isLiteral = true;
-        else
-            arguments.push_back(isLiteral || text.starts_with('[') || text.starts_with(kLiteral) ? kLiteral + text
-                                                                                                 : text);
-    }
-    std::reverse(arguments.begin(), arguments.end());
-    return arguments;
-}
-
-std::string withoutSign(std::string argument)
-{
-    if (argument.starts_with(kLiteral))
-        argument.erase(0, 1);
-    return argument;
-}
-
 std::string usageMessage(const CLI::App &app, const CLI::ParseError &error)
 {
     const auto unexpected = app.remaining(true);
     if (!unexpected.empty())
-        return localized("Argument inattendu : « %1 ».", {withoutSign(unexpected.front())});
-    return localized("Arguments incorrects : %1", {error.what()});
+        return localized("Argument inattendu : « %1 ».", {displayText(withoutSign(unexpected.front()))});
+    const std::string what = error.what();
+    if (dynamic_cast<const CLI::ArgumentMismatch *>(&error) != nullptr)
+        return localized("« %1 » demande une valeur, et une seule.", {what.substr(0, what.find(':'))});
+    return localized("Arguments incorrects : %1", {what});
 }
 
-int reportWrongUsage(const std::string &message)
+int reportUnparsable(const std::string &message)
 {
-    std::cerr << "kerlune: " << message << '\n'
-              << "kerlune: " << localized("« kerlune --help » donne les commandes.") << '\n';
-    return kWrongUsage;
+    return reportWrongUsage(message, localized("« kerlune --help » donne les commandes."));
 }
 
 class Parser final {
@@ -107,16 +85,13 @@ public:
         add("duplicates", localized("Cherche les polices en double : noms PostScript en conflit, copies, versions."),
             {"CHEMIN", localized("Dossiers ou fichiers à examiner, au lieu de ceux où les polices s’installent.")},
             runDuplicatesCommand);
-        for (CLI::App *subcommand : m_app.get_subcommands({})) {
-            for (CLI::Option *option : subcommand->get_options())
-                option->transform(withoutSign);
-        }
+        addStateCommands();
     }
 
     int run(int argc, const char *const *argv, const CommandContext &context)
     {
         try {
-            m_app.parse(withSigns(argc, argv));
+            m_app.parse(signedArguments(m_app, argc, argv));
         } catch (const CLI::CallForHelp &) {
             std::cout << m_app.help();
             return finish(kDone);
@@ -124,10 +99,15 @@ public:
             std::cout << m_app.version() << '\n';
             return finish(kDone);
         } catch (const CLI::ParseError &error) {
-            return reportWrongUsage(usageMessage(m_app, error));
+            return reportUnparsable(usageMessage(m_app, error));
         }
         if (!m_chosen)
-            return reportWrongUsage(localized("Il manque une commande."));
+            return reportUnparsable(localized("Il manque une commande."));
+        if (m_takesTexts) {
+            const auto damaged = std::find_if_not(argv + 1, argv + argc, isValidUtf8);
+            if (damaged != argv + argc)
+                return reportWrongUsage(localized("« %1 » n’est pas de l’UTF-8 valide.", {displayText(*damaged)}));
+        }
         return finish(m_chosen(context, m_arguments, m_format));
     }
 
@@ -149,19 +129,74 @@ private:
     CLI::App *add(const std::string &name, const std::string &description, const Operands &operands, Command command)
     {
         CLI::App *subcommand = add(name, description, std::move(command));
-        subcommand->add_option(operands.name, m_arguments, operands.description)->type_name("");
+        addTexts(*subcommand, operands.name, m_arguments, operands.description);
         return subcommand;
+    }
+
+    // A command whose arguments are names and other texts, but no paths.
+    CLI::App *addForTexts(const std::string &name, const std::string &description, Command command)
+    {
+        CLI::App *subcommand = add(name, description, std::move(command));
+        subcommand->preparse_callback([this](std::size_t) { m_takesTexts = true; });
+        return subcommand;
+    }
+
+    void addActions(CLI::App *subcommand, const std::string &actions)
+    {
+        addTexts(*subcommand, "ACTION", m_arguments, localized("list (si rien n’est donné) ; ") + actions);
+    }
+
+    void addStateCommands()
+    {
+        CLI::App *families = addForTexts("families", localized("Affiche les familles de la bibliothèque, filtrées."),
+                                         [this](const CommandContext &context, const Arguments &, OutputFormat format) {
+                                             return runFamiliesCommand(context, m_filters, m_selection, format);
+                                         });
+        addFilterOptions(*families, m_filters);
+        addText(*families, "--selection", m_selection,
+                localized("Ce qui est filtré : all, favorites, recents, variable, color, duplicates, class:CLASSE, "
+                          "collection:ID-OU-NOM, folder:ID-OU-CHEMIN, tag:TAG, smart:ID-OU-NOM."))
+            ->type_name(localized("SÉLECTION"))
+            ->group(optionsGroup());
+        addActions(addForTexts("tags", localized("Gère les tags des familles."), runTagsCommand),
+                   localized("add TAG FAMILLE… ; remove TAG FAMILLE… ; rename TAG NOUVEAU ; delete TAG"));
+        addActions(addForTexts("collections", localized("Gère les collections de familles."), runCollectionsCommand),
+                   localized("create NOM ; rename ID NOM ; delete ID ; add ID FAMILLE… ; remove ID FAMILLE…"));
+        CLI::App *smart =
+            addForTexts("smart", localized("Gère les collections intelligentes, des filtres gardés sous un nom."),
+                        [this](const CommandContext &context, const Arguments &words, OutputFormat format) {
+                            return runSmartCommand(context, words, m_filters, format);
+                        });
+        addActions(smart, localized("save NOM FILTRES ; update ID FILTRES ; rename ID NOM ; delete ID"));
+        addFilterOptions(*smart, m_filters);
+        addActions(addForTexts("favorites", localized("Gère les familles favorites."), runFavoritesCommand),
+                   localized("add FAMILLE… ; remove FAMILLE…"));
+        addActions(addForTexts("recents", localized("Gère les familles utilisées récemment."), runRecentsCommand),
+                   localized("add FAMILLE…"));
+        addBackup("backup", localized("Sauvegarde les tags, collections, favoris et familles récentes."),
+                  runBackupCommand);
+        addBackup("restore", localized("Ajoute ce que contient une sauvegarde."), runRestoreCommand);
+    }
+
+    void addBackup(const std::string &name, const std::string &description,
+                   int (*command)(const CommandContext &, const std::string &, OutputFormat))
+    {
+        CLI::App *subcommand = add(name, description,
+                                   [this, command](const CommandContext &context, const Arguments &,
+                                                   OutputFormat format) { return command(context, m_file, format); });
+        addText(*subcommand, "FICHIER", m_file, localized("Le fichier, ou « - » pour la sortie ou l’entrée standard."));
     }
 
     void addActivation(const std::string &name, const std::string &description,
                        int (*command)(const CommandContext &, const Arguments &, const std::string &, OutputFormat))
     {
-        add(name, description, {"CHEMIN", localized("Fichiers, ou dossiers avec tout ce qu’ils contiennent.")},
-            [this, command](const CommandContext &context, const Arguments &paths, OutputFormat format) {
-                return command(context, paths, m_family, format);
-            })
-            ->add_option("--family", m_family,
-                         localized("Les fichiers de cette famille qui sont dans les dossiers surveillés."))
+        CLI::App *subcommand =
+            add(name, description, {"CHEMIN", localized("Fichiers, ou dossiers avec tout ce qu’ils contiennent.")},
+                [this, command](const CommandContext &context, const Arguments &paths, OutputFormat format) {
+                    return command(context, paths, m_family, format);
+                });
+        addText(*subcommand, "--family", m_family,
+                localized("Les fichiers de cette famille qui sont dans les dossiers surveillés."))
             ->type_name(localized("NOM"))
             ->group(optionsGroup());
     }
@@ -172,13 +207,16 @@ private:
         std::cout.flush();
         if (std::cout.good() || status != kDone)
             return status;
-        std::cerr << "kerlune: " << localized("Écriture de la sortie impossible.") << '\n';
-        return kFailed;
+        return reportFailure(localized("Écriture de la sortie impossible."));
     }
 
     CLI::App m_app;
     Arguments m_arguments;
     std::string m_family;
+    FilterOptions m_filters;
+    std::string m_selection;
+    std::string m_file;
+    bool m_takesTexts = false; // which have to be UTF-8
     OutputFormat m_format = OutputFormat::Text;
     Command m_chosen;
 };

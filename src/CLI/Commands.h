@@ -9,6 +9,7 @@ namespace kerlune {
 
 class FontCatalog;
 class FontRegistry;
+struct FilterOptions;
 
 // What a command works on.
 struct CommandContext {
@@ -34,5 +35,15 @@ int runDeactivateCommand(const CommandContext &context, const std::vector<std::s
                          const std::string &family, OutputFormat format);
 int runActiveCommand(const CommandContext &context, OutputFormat format);
 int runDuplicatesCommand(const CommandContext &context, const std::vector<std::string> &paths, OutputFormat format);
+int runFamiliesCommand(const CommandContext &context, const FilterOptions &options, const std::string &selection,
+                       OutputFormat format);
+int runTagsCommand(const CommandContext &context, const std::vector<std::string> &words, OutputFormat format);
+int runCollectionsCommand(const CommandContext &context, const std::vector<std::string> &words, OutputFormat format);
+int runSmartCommand(const CommandContext &context, const std::vector<std::string> &words, const FilterOptions &options,
+                    OutputFormat format);
+int runFavoritesCommand(const CommandContext &context, const std::vector<std::string> &words, OutputFormat format);
+int runRecentsCommand(const CommandContext &context, const std::vector<std::string> &words, OutputFormat format);
+int runBackupCommand(const CommandContext &context, const std::string &file, OutputFormat format);
+int runRestoreCommand(const CommandContext &context, const std::string &file, OutputFormat format);
 
 } // namespace kerlune

@@ -1,8 +1,9 @@
 #include "CLI/Commands.h"
 #include "CLI/DisplayText.h"
+#include "CLI/LibrarySession.h"
+#include "CLI/Output.h"
 #include "CLI/StatusLine.h"
 #include "Library/DuplicateScanner.h"
-#include "Library/WatchedFolderList.h"
 #include "Support/Localization.h"
 
 #include <nlohmann/json.hpp>
@@ -46,11 +47,11 @@ std::error_code accessError(const fs::path &path)
 }
 
 // Where fonts are installed, and the folders that the user watches.
-std::vector<fs::path> usualPlaces(const Directories &directories)
+std::vector<fs::path> usualPlaces(const CommandContext &context)
 {
-    std::vector<fs::path> places = DuplicateScanner::searchPaths(directories);
-    const auto watched = readFolderList(directories.applicationSupport / "watched-folders.json");
-    for (const WatchedFolder &folder : watched.value_or(std::vector<WatchedFolder>())) {
+    std::vector<fs::path> places = DuplicateScanner::searchPaths(context.directories);
+    LibrarySession session(context);
+    for (const WatchedFolder &folder : session.folders().folders()) {
         if (std::error_code error; fs::is_directory(folder.path, error))
             places.emplace_back(folder.path);
     }
@@ -58,19 +59,17 @@ std::vector<fs::path> usualPlaces(const Directories &directories)
 }
 
 // The places to look at; absent after a message when one of the paths given cannot be.
-std::optional<std::vector<fs::path>> placesFor(const std::vector<std::string> &paths, const Directories &directories)
+std::optional<std::vector<fs::path>> placesFor(const CommandContext &context, const std::vector<std::string> &paths)
 {
     if (paths.empty())
-        return usualPlaces(directories);
+        return usualPlaces(context);
     std::vector<fs::path> places;
     for (const std::string &path : paths) {
         if (const auto error = accessError(path)) {
             const bool isMissing = error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
-            std::cerr << "kerlune: "
-                      << (isMissing
-                              ? localized("Fichier ou dossier introuvable : %1", {displayText(path)})
-                              : localized("Lecture de « %1 » impossible : %2", {displayText(path), error.message()}))
-                      << '\n';
+            printMessage(isMissing
+                             ? localized("Fichier ou dossier introuvable : %1", {displayText(path)})
+                             : localized("Lecture de « %1 » impossible : %2", {displayText(path), error.message()}));
             return std::nullopt;
         }
         places.push_back(fs::absolute(path));
@@ -101,14 +100,12 @@ nlohmann::json encodeGroup(const Group &group)
             {"entries", std::move(entries)}};
 }
 
-void printJson(const Report &report)
+void printReport(const Report &report)
 {
     auto groups = nlohmann::json::array();
     for (const Group &group : report.groups)
         groups.push_back(encodeGroup(group));
-    const nlohmann::json object{
-        {"groups", std::move(groups)}, {"broken", report.broken}, {"scannedFiles", report.scannedFiles}};
-    std::cout << object.dump(4, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
+    printJson({{"groups", std::move(groups)}, {"broken", report.broken}, {"scannedFiles", report.scannedFiles}});
 }
 
 void printGroup(const Group &group)
@@ -172,12 +169,12 @@ void printText(const Report &report)
 
 int runDuplicatesCommand(const CommandContext &context, const std::vector<std::string> &paths, OutputFormat format)
 {
-    const auto places = placesFor(paths, context.directories);
+    const auto places = placesFor(context, paths);
     if (!places)
         return kFailed;
     const Report report = scan(*places);
     if (format == OutputFormat::Json)
-        printJson(report);
+        printReport(report);
     else
         printText(report);
     return kDone;

@@ -1,14 +1,16 @@
+#include "CLI/Action.h"
 #include "CLI/Commands.h"
 #include "CLI/DisplayText.h"
 #include "CLI/IndexUpdate.h"
 #include "CLI/LibrarySession.h"
+#include "CLI/Output.h"
 #include "CLI/StatusLine.h"
 #include "Library/FolderScan.h"
 #include "Support/Localization.h"
 
 #include <nlohmann/json.hpp>
 
-#include <algorithm>
+#include <array>
 #include <iostream>
 #include <system_error>
 
@@ -18,20 +20,13 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-int reportWrongUsage(const std::string &message)
-{
-    std::cerr << "kerlune: " << message << '\n'
-              << "kerlune: "
-              << localized("Usage : kerlune folders [list | add CHEMIN | remove CHEMIN-OU-ID | "
-                           "auto CHEMIN-OU-ID on|off | rescan]")
-              << '\n';
-    return kWrongUsage;
-}
+constexpr std::array kActions{Action{"list"}, Action{"add", 1, 1}, Action{"remove", 1, 1}, Action{"auto", 2, 2},
+                              Action{"rescan"}};
 
-int reportFailure(const std::string &message)
+std::string usage()
 {
-    std::cerr << "kerlune: " << message << '\n';
-    return kFailed;
+    return localized("Usage : kerlune folders [list | add CHEMIN | remove CHEMIN-OU-ID | "
+                     "auto CHEMIN-OU-ID on|off | rescan]");
 }
 
 std::vector<std::string> filesOf(const FolderLibrary &library, const WatchedFolder &folder)
@@ -40,7 +35,7 @@ std::vector<std::string> filesOf(const FolderLibrary &library, const WatchedFold
     return files == library.files().end() ? std::vector<std::string>() : *files->second;
 }
 
-void printJson(const FolderLibrary &library)
+void printList(const FolderLibrary &library)
 {
     auto list = nlohmann::json::array();
     for (const WatchedFolder &folder : library.folders()) {
@@ -50,7 +45,7 @@ void printJson(const FolderLibrary &library)
                         {"isManagedLibrary", folder.isManagedLibrary},
                         {"files", filesOf(library, folder)}});
     }
-    std::cout << list.dump(4, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
+    printJson(list);
 }
 
 std::string remarks(const WatchedFolder &folder)
@@ -139,32 +134,29 @@ int setAutoActivate(LibrarySession &session, const std::string &pathOrId, bool o
 
 int runFoldersCommand(const CommandContext &context, const Words &words, OutputFormat format)
 {
-    const std::string action = words.empty() ? "list" : words.front();
-    const std::size_t expected = action == "auto" ? 3 : action == "add" || action == "remove" ? 2 : 1;
-    const bool isKnown = expected > 1 || action == "list" || action == "rescan";
-    if (!isKnown)
-        return reportWrongUsage(localized("Action inconnue : « %1 ».", {displayText(action)}));
-    if (std::max<std::size_t>(words.size(), 1) != expected)
-        return reportWrongUsage(localized("Nombre d’arguments incorrect pour « %1 ».", {action}));
-    if (action == "auto" && words[2] != "on" && words[2] != "off")
-        return reportWrongUsage(localized("« %1 » : il faut « on » ou « off ».", {displayText(words[2])}));
+    const auto chosen = chooseAction(kActions, words, usage());
+    if (!chosen)
+        return kWrongUsage;
+    const auto &[action, arguments] = *chosen;
+    if (action == "auto" && arguments[1] != "on" && arguments[1] != "off")
+        return reportWrongUsage(localized("« %1 » : il faut « on » ou « off ».", {displayText(arguments[1])}), usage());
 
     LibrarySession session(context);
     if (!session.load())
         return kFailed;
     int status = kDone;
     if (action == "add")
-        status = addFolder(context, session, words[1]);
+        status = addFolder(context, session, arguments[0]);
     else if (action == "remove")
-        status = removeFolder(context, session, words[1]);
+        status = removeFolder(context, session, arguments[0]);
     else if (action == "auto")
-        status = setAutoActivate(session, words[1], words[2] == "on");
+        status = setAutoActivate(session, arguments[0], arguments[1] == "on");
     else if (action == "rescan")
         status = finish(context, session, EmptyIndex::Refuse);
     else
         status = session.reportSaveErrors() ? kDone : kFailed;
     if (format == OutputFormat::Json)
-        printJson(session.folders());
+        printList(session.folders());
     else if (status == kDone)
         printText(session.folders());
     return status;

@@ -2,6 +2,7 @@
 #include "CLI/DisplayText.h"
 #include "CLI/IndexUpdate.h"
 #include "CLI/LibrarySession.h"
+#include "CLI/Output.h"
 #include "Support/Localization.h"
 
 #include <nlohmann/json.hpp>
@@ -47,14 +48,13 @@ void printText(const IndexSummary &summary, double seconds)
               << '\n';
 }
 
-void printJson(const IndexSummary &summary, double seconds)
+void printSummary(const IndexSummary &summary, double seconds)
 {
     auto list = nlohmann::json::array();
     for (const SkippedFont &font : summary.skipped)
         list.push_back({{"path", font.path}, {"reason", describe(font.reason)}});
-    const nlohmann::json object{
-        {"faces", summary.faces}, {"families", summary.families}, {"seconds", seconds}, {"skipped", std::move(list)}};
-    std::cout << object.dump(4, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
+    printJson(
+        {{"faces", summary.faces}, {"families", summary.families}, {"seconds", seconds}, {"skipped", std::move(list)}});
 }
 
 } // namespace
@@ -70,7 +70,7 @@ int runIndexCommand(const CommandContext &context, OutputFormat format)
         return kFailed;
     const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
     if (format == OutputFormat::Json) {
-        printJson(*summary, elapsed.count());
+        printSummary(*summary, elapsed.count());
     } else {
         reportSkipped(summary->skipped);
         if (summary->isSaved)

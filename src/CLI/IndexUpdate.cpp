@@ -1,12 +1,11 @@
 #include "CLI/IndexUpdate.h"
 
 #include "CLI/DisplayText.h"
+#include "CLI/Output.h"
 #include "CLI/ProgressBar.h"
 #include "CLI/StoreAccess.h"
 #include "Model/FontIndexer.h"
 #include "Support/Localization.h"
-
-#include <iostream>
 
 namespace kerlune {
 
@@ -42,7 +41,7 @@ std::optional<IndexSummary> updateIndex(const CommandContext &context, EmptyInde
         return std::nullopt;
     FontIndexer::Index index = readFonts(context.catalog);
     if (const std::string why = objection(index, whenEmpty); !why.empty()) {
-        std::cerr << "kerlune: " << why << ' ' << localized("L’index précédent est conservé.") << '\n';
+        printMessage(why + ' ' + localized("L’index précédent est conservé."));
         return IndexSummary{.skipped = std::move(index.skipped)};
     }
     if (const auto saved = store->replaceAll(index.records); !saved) {

@@ -1,40 +1,19 @@
 #include "CLI/LibrarySession.h"
 
 #include "CLI/DisplayText.h"
+#include "CLI/Output.h"
 #include "CLI/StatusLine.h"
-#include "Platform/FileEventStream.h"
 #include "Support/Localization.h"
-
-#include <iostream>
 
 namespace kerlune {
 
-namespace {
-
-class NoEvents final : public FileEventStream {
-public:
-    void start(std::vector<Tree>) override {}
-    void stop() override {}
-};
-
-} // namespace
-
 LibrarySession::LibrarySession(const CommandContext &context)
-    : m_noEvents(std::make_unique<NoEvents>())
-    , m_activation(context.registry, context.directories)
-    , m_folders(m_activation, context.registry, *m_noEvents, context.directories)
+    : m_activation(context.registry, context.directories)
+    , m_folders(m_activation, context.registry, m_events, context.directories)
 {
     m_folders.refreshManagedLibraryEntry();
-    if (m_folders.isListUnreadable()) {
-        std::cerr << "kerlune: "
-                  << localized("La liste des dossiers surveillés (watched-folders.json) ne peut pas être lue : elle "
-                               "compte comme vide. Le fichier n’a pas été modifié ; le prochain changement de la "
-                               "liste en gardera une copie.")
-                  << '\n';
-    }
+    reportUnreadableList(m_folders);
 }
-
-LibrarySession::~LibrarySession() = default;
 
 bool LibrarySession::reapply()
 {
@@ -58,21 +37,30 @@ bool LibrarySession::load()
 void LibrarySession::reportFailures() const
 {
     for (const RegistrationError &error : m_activation.failures())
-        std::cerr << "kerlune: " << displayText(error.description()) << '\n';
+        printMessage(displayText(error.description()));
     if (m_activation.failures().empty())
-        std::cerr << "kerlune: " << m_activation.lastError().value_or(std::string()) << '\n';
+        printMessage(m_activation.lastError().value_or(std::string()));
 }
 
-bool LibrarySession::reportSaveErrors() const
+bool reportSaveErrors(const ActivationManager &activation, const FolderLibrary &folders)
 {
     bool isSaved = true;
-    for (const auto &error : {m_activation.saveError(), m_folders.saveError()}) {
+    for (const auto &error : {activation.saveError(), folders.saveError()}) {
         if (!error)
             continue;
-        std::cerr << "kerlune: " << *error << '\n';
+        printMessage(*error);
         isSaved = false;
     }
     return isSaved;
+}
+
+void reportUnreadableList(const FolderLibrary &folders)
+{
+    if (folders.isListUnreadable()) {
+        printMessage(localized("La liste des dossiers surveillés (watched-folders.json) ne peut pas être lue : elle "
+                               "compte comme vide. Le fichier n’a pas été modifié ; le prochain changement de la "
+                               "liste en gardera une copie."));
+    }
 }
 
 } // namespace kerlune

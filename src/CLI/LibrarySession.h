@@ -1,28 +1,17 @@
 #pragma once
 
+#include "CLI/Await.h"
 #include "CLI/Commands.h"
+#include "CLI/NoEvents.h"
 #include "Library/ActivationManager.h"
 #include "Library/FolderLibrary.h"
 
-#include <QCoreApplication>
-#include <QCoroTask>
-
-#include <memory>
-#include <string>
-
 namespace kerlune {
 
-class FileEventStream;
-
-// Runs the event loop until an operation has ended.
-template <typename T>
-T await(QCoro::Task<T> task)
-{
-    struct Cleaning {
-        ~Cleaning() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
-    } const cleaning; // futures that were awaited are deleted by the event loop, which may not run again
-    return QCoro::waitFor(std::move(task));
-}
+// Tells when the list of watched folders cannot be read.
+void reportUnreadableList(const FolderLibrary &folders);
+// Tells what could not be written, if anything; says whether all was.
+bool reportSaveErrors(const ActivationManager &activation, const FolderLibrary &folders);
 
 // The watched folders and active fonts as a command works on them. What cannot be read or written is told on standard
 // error.
@@ -31,9 +20,6 @@ T await(QCoro::Task<T> task)
 class LibrarySession final {
 public:
     explicit LibrarySession(const CommandContext &context);
-    ~LibrarySession();
-    LibrarySession(const LibrarySession &) = delete;
-    LibrarySession &operator=(const LibrarySession &) = delete;
 
     ActivationManager &activation() { return m_activation; }
     FolderLibrary &folders() { return m_folders; }
@@ -46,11 +32,10 @@ public:
 
     // Tells what the activation could not do the last time.
     void reportFailures() const;
-    // Tells what could not be written, if anything; says whether all was.
-    bool reportSaveErrors() const;
+    bool reportSaveErrors() const { return kerlune::reportSaveErrors(m_activation, m_folders); }
 
 private:
-    std::unique_ptr<FileEventStream> m_noEvents; // a command is too short to follow anything
+    NoEvents m_events;
     ActivationManager m_activation;
     FolderLibrary m_folders;
 };

@@ -8,7 +8,15 @@ namespace kerlune {
 
 namespace {
 
-constexpr std::int64_t kCells = 24;
+constexpr int kCells = 24;
+
+std::string cells(double fraction)
+{
+    std::string text;
+    for (int i = 0; i < kCells; ++i)
+        text += i < fraction * kCells ? "▓" : "░";
+    return text;
+}
 
 } // namespace
 
@@ -24,10 +32,13 @@ void ProgressBar::show(std::int64_t done, std::int64_t total)
     if (!m_line.isShown() || done <= m_shown || total <= 0)
         return;
     m_shown = done;
-    std::string cells;
-    for (std::int64_t i = 0; i < kCells; ++i)
-        cells += i * total < done * kCells ? "▓" : "░";
-    m_line.show(m_label + ' ' + groupedDigits(done) + " / " + groupedDigits(total) + ' ' + cells);
+    m_line.show(m_label + ' ' + groupedDigits(done) + " / " + groupedDigits(total) + ' ' +
+                cells(static_cast<double>(done) / static_cast<double>(total)));
+}
+
+std::string withProgressCells(const std::string &text, double fraction)
+{
+    return fraction > 0 && fraction < 1 ? text + ' ' + cells(fraction) : text;
 }
 
 } // namespace kerlune

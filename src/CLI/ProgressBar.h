@@ -24,4 +24,7 @@ private:
     std::int64_t m_shown = -1;
 };
 
+// The text, and behind it cells that say how much is done; none at the beginning and the end.
+std::string withProgressCells(const std::string &text, double fraction);
+
 } // namespace kerlune

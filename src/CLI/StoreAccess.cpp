@@ -1,8 +1,9 @@
 #include "CLI/StoreAccess.h"
 
+#include "CLI/DisplayText.h"
+#include "CLI/Output.h"
 #include "Support/Localization.h"
 
-#include <iostream>
 #include <string>
 #include <system_error>
 
@@ -57,9 +58,17 @@ std::unique_ptr<FontIndexStore> openStore(const Directories &directories)
 void reportStoreError(const StoreError &error, const Directories &directories)
 {
     const auto path = directories.applicationSupport / "index.sqlite";
-    std::cerr << "kerlune: " << error.description() << " (" << path.string() << ")\n";
+    printMessage(error.description() + " (" + displayText(path.native()) + ')');
     if (const std::string text = advice(error.cause, directories); !text.empty())
-        std::cerr << "kerlune: " << text << '\n';
+        printMessage(text);
+}
+
+std::string whyNothingWasWritten(const Directories &directories)
+{
+    return isDiskFull(directories.applicationSupport)
+               ? localized("Écriture impossible : le disque est plein. Rien n’a changé.")
+               : localized("Écriture impossible : la base de données n’accepte pas la modification. Elle est "
+                           "endommagée, protégée ou occupée par un autre programme. Rien n’a changé.");
 }
 
 } // namespace kerlune

@@ -4,6 +4,7 @@
 #include "Store/FontIndexStore.h"
 
 #include <memory>
+#include <string>
 
 namespace kerlune {
 
@@ -12,5 +13,8 @@ std::unique_ptr<FontIndexStore> openStore(const Directories &directories);
 
 // Says on standard error what failed and what can be done about it.
 void reportStoreError(const FontIndexStore::StoreError &error, const Directories &directories);
+
+// A sentence about a change of the database that was not written.
+std::string whyNothingWasWritten(const Directories &directories);
 
 } // namespace kerlune

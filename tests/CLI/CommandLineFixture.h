@@ -7,10 +7,12 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 namespace kerlune {
 
@@ -36,21 +38,50 @@ protected:
     std::filesystem::path database() const { return m_home / "data/Kerlune/index.sqlite"; }
     void offer(const std::string &name) { std::filesystem::copy_file(testFont(name), fonts() / name); }
 
-    Result run(const std::string &arguments, const std::string &outputTo = {}) const
+    Result run(const std::string &arguments, const std::string &outputTo = {},
+               const std::string &inputFrom = "/dev/null") const
     {
         const std::string output = outputTo.empty() ? (m_home / "output").string() : outputTo;
         const std::string command = std::string(KERLUNE_PROGRAM) + " " + arguments + " >" + output + " 2>" +
-                                    (m_home / "messages").string() + " </dev/null";
+                                    (m_home / "messages").string() + " <" + inputFrom;
         const int status = std::system(command.c_str());
         return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, outputTo.empty() ? readFile(output) : "",
                 readFile(m_home / "messages")};
     }
 
-    nlohmann::json faces() const
+    nlohmann::json runJson(const std::string &arguments) const
     {
-        const Result result = run("faces --json");
-        EXPECT_EQ(result.status, 0) << result.messages;
+        const Result result = run(arguments + " --json");
+        EXPECT_EQ(result.status, 0) << arguments << ": " << result.messages;
         return nlohmann::json::parse(result.output);
+    }
+    nlohmann::json faces() const { return runJson("faces"); }
+    std::string inHome(const std::string &name) const { return "'" + (m_home / name).string() + "'"; }
+
+    // The program in a process of its own, not waited for.
+    static pid_t start(std::vector<std::string> arguments)
+    {
+        const pid_t child = fork();
+        if (child != 0)
+            return child;
+        std::vector<char *> argv;
+        arguments.insert(arguments.begin(), "kerlune");
+        for (std::string &argument : arguments)
+            argv.push_back(argument.data());
+        argv.push_back(nullptr);
+        freopen("/dev/null", "w", stdout);
+        freopen("/dev/null", "w", stderr);
+        execv(KERLUNE_PROGRAM, argv.data());
+        _exit(127);
+    }
+
+    static void expectDone(const std::vector<pid_t> &children)
+    {
+        for (const pid_t child : children) {
+            int status = 0;
+            waitpid(child, &status, 0);
+            EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
+        }
     }
 
     TempFolder m_home;

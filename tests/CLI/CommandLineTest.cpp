@@ -5,7 +5,6 @@
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 #include <chrono>
 #include <csignal>
@@ -18,18 +17,6 @@ namespace fs = std::filesystem;
 using nlohmann::json;
 using testing::HasSubstr;
 using testing::MatchesRegex;
-
-// `kerlune index` in a process of its own, not waited for.
-pid_t startIndexing()
-{
-    const pid_t child = fork();
-    if (child == 0) {
-        freopen("/dev/null", "w", stdout);
-        execl(KERLUNE_PROGRAM, "kerlune", "index", nullptr);
-        _exit(127);
-    }
-    return child;
-}
 
 TEST_F(CommandLineTest, IndexesAndListsFaces)
 {
@@ -188,7 +175,7 @@ TEST_F(CommandLineTest, LeavesTheIndexWholeWhenKilledAtAnyMoment)
     ASSERT_EQ(run("index").status, 0);
     const json before = faces();
     for (int moment = 0; moment < 40; ++moment) {
-        const pid_t child = startIndexing();
+        const pid_t child = start({"index"});
         std::this_thread::sleep_for(std::chrono::microseconds(700 * moment));
         kill(child, SIGKILL);
         waitpid(child, nullptr, 0);
@@ -202,12 +189,8 @@ TEST_F(CommandLineTest, SharesTheIndexWithOtherProcesses)
     offer("plain.ttf");
     std::vector<pid_t> children;
     for (int i = 0; i < 8; ++i)
-        children.push_back(startIndexing());
-    for (const pid_t child : children) {
-        int status = 0;
-        waitpid(child, &status, 0);
-        EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
-    }
+        children.push_back(start({"index"}));
+    expectDone(children);
     EXPECT_EQ(faces().size(), 1U);
 }
 

@@ -3,7 +3,6 @@
 #include "Platform/Linux/FontLinks.h"
 
 #include <gmock/gmock.h>
-#include <unistd.h>
 
 #include <chrono>
 #include <csignal>
@@ -32,30 +31,7 @@ protected:
         fs::copy_file(testFont(font), path);
         return path;
     }
-    std::string inHome(const std::string &name) const { return "'" + (m_home / name).string() + "'"; }
-    json runJson(const std::string &arguments) const
-    {
-        const Result result = run(arguments + " --json");
-        EXPECT_EQ(result.status, 0) << arguments << ": " << result.messages;
-        return json::parse(result.output);
-    }
     std::vector<std::string> linked() const { return FontLinks(m_home / "data/fonts/Kerlune").paths(); }
-
-    static pid_t start(std::vector<std::string> arguments)
-    {
-        const pid_t child = fork();
-        if (child != 0)
-            return child;
-        std::vector<char *> argv;
-        arguments.insert(arguments.begin(), "kerlune");
-        for (std::string &argument : arguments)
-            argv.push_back(argument.data());
-        argv.push_back(nullptr);
-        freopen("/dev/null", "w", stdout);
-        freopen("/dev/null", "w", stderr);
-        execv(KERLUNE_PROGRAM, argv.data());
-        _exit(127);
-    }
 };
 
 TEST_F(LibraryCommandsTest, ShowsTheFontsOfAFolderAtOnceAndLetsThemGoAgain)
@@ -196,11 +172,7 @@ TEST_F(LibraryCommandsTest, LosesNothingOfWhatProcessesDoAtTheSameTime)
         children.push_back(start({"folders", "add", m_home / folder}));
         children.push_back(start({"activate", file}));
     }
-    for (const pid_t child : children) {
-        int status = 0;
-        waitpid(child, &status, 0);
-        EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
-    }
+    expectDone(children);
     EXPECT_THAT(runJson("folders"), SizeIs(6));
     EXPECT_THAT(runJson("active"), SizeIs(6));
     EXPECT_THAT(linked(), SizeIs(6));

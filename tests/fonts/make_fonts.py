@@ -218,6 +218,7 @@ SIMPLE: dict[str, tuple[str, dict[str, Any]]] = {
     "pictograms": ("Essai Sans", {"charset": characters(0xE000, 17)}),
     "french-no-y": ("Essai Accents", {"charset": LATIN + ACCENTS}),
     "french": ("Essai Accents Y", {"charset": LATIN + ACCENTS + "Ÿ"}),
+    "no-embedding": ("Essai Interdit", {"os2": {"fsType": 2}}),
     "cmap-0": ("Essai Octet", {"subtables": ((0, 1, 0),)}),
     "cmap-symbol": ("Essai Prive", {"charset": characters(0xF020, 95), "subtables": ((4, 3, 0),)}),
     "cmap-12": ("Essai Douze", {"subtables": ((12, 3, 10),)}),
