@@ -115,11 +115,11 @@ FontIndexer::FontIndexer(const FontCatalog &catalog)
     : m_catalog(catalog)
 {}
 
-FontIndexer::Index FontIndexer::buildIndex(const ProgressHandler &onProgress) const
+FontIndexer::Index FontIndexer::buildIndex(const ProgressHandler &onProgress, const std::stop_token &stop) const
 {
     FontCatalog::Listing available = availableDescriptors(Duplicates::Remove);
     const std::vector<FontDescriptor> &fonts = available.fonts;
-    std::vector<Extraction> extractions = extractAll(fonts, onProgress);
+    std::vector<Extraction> extractions = extractAll(fonts, onProgress, stop);
 
     Index index{{}, std::move(available.skipped)};
     std::vector<FontDescriptor> costly;
@@ -138,17 +138,17 @@ FontIndexer::Index FontIndexer::buildIndex(const ProgressHandler &onProgress) co
     return index;
 }
 
-auto FontIndexer::extractAll(std::span<const FontDescriptor> descriptors, const ProgressHandler &onProgress)
-    -> std::vector<Extraction>
+auto FontIndexer::extractAll(std::span<const FontDescriptor> descriptors, const ProgressHandler &onProgress,
+                             const std::stop_token &stop) -> std::vector<Extraction>
 {
     const auto total = static_cast<std::int64_t>(descriptors.size());
-    std::vector<Extraction> extractions(descriptors.size());
+    std::vector<Extraction> extractions(descriptors.size(), tl::unexpected(FontError::Unreadable));
     std::int64_t completed = 0;
     std::mutex mutex; // guards the two above
 
     parallelForRanges(descriptors.size(), [&](std::size_t first, std::size_t last) {
         RecordReader reader;
-        for (std::size_t i = first; i != last; ++i) {
+        for (std::size_t i = first; i != last && !stop.stop_requested(); ++i) {
             Extraction extraction = reader.read(descriptors[i]).map([](FontRecord &&record) {
                 return std::make_shared<const FontRecord>(std::move(record));
             });
@@ -179,18 +179,24 @@ std::vector<FontFamily> FontIndexer::groupIntoFamilies(std::span<const FontRecor
 {
     std::vector<FontFamily> families;
     std::unordered_map<std::string_view, std::size_t> positions; // views into the records, which stay
-    for (const FontRecordPointer &record : records) {
-        const auto [position, isNew] = positions.try_emplace(record->family, families.size());
+    for (auto first = records.begin(); first != records.end();) {
+        const std::string &family = (*first)->family;
+        const auto last =
+            std::find_if(first, records.end(), [&](const auto &record) { return record->family != family; });
+        const auto [position, isNew] = positions.try_emplace(family, families.size());
         if (isNew)
-            families.push_back({record->family, {}});
-        families[position->second].faces.push_back(record);
+            families.push_back({family, {}});
+        std::vector<FontRecordPointer> &faces = families[position->second].faces;
+        faces.insert(faces.end(), first, last); // mostly these are all
+        first = last;
     }
 
-    const NameCollator collator;
-    std::vector<std::pair<std::string, std::size_t>> keys;
-    keys.reserve(families.size());
-    for (std::size_t i = 0; i < families.size(); ++i)
-        keys.emplace_back(collator.sortKey(families[i].name), i);
+    std::vector<std::pair<std::string, std::size_t>> keys(families.size());
+    parallelForRanges(families.size(), [&](std::size_t first, std::size_t last) {
+        const NameCollator collator;
+        for (std::size_t i = first; i != last; ++i)
+            keys[i] = {collator.sortKey(families[i].name), i};
+    });
     std::sort(keys.begin(), keys.end()); // equal keys by position: stable
 
     std::vector<FontFamily> sorted;

@@ -7,6 +7,7 @@
 #include <functional>
 #include <optional>
 #include <span>
+#include <stop_token>
 #include <vector>
 
 namespace kerlune {
@@ -33,13 +34,15 @@ public:
 
     explicit FontIndexer(const FontCatalog &catalog);
 
-    Index buildIndex(const ProgressHandler &onProgress = {}) const;
+    // Where `stop` ends it early, the index is not whole.
+    Index buildIndex(const ProgressHandler &onProgress = {}, const std::stop_token &stop = {}) const;
     FontCatalog::Listing availableDescriptors(Duplicates duplicates) const;
 
-    // Faces in their order, on all cores; quicker where those of a file follow each other.
+    // Faces in their order, on all cores; quicker where those of a file follow each other. After `stop`, those that are
+    // not yet read come back as errors.
     using Extraction = tl::expected<FontRecordPointer, FontError>;
     static std::vector<Extraction> extractAll(std::span<const FontDescriptor> descriptors,
-                                              const ProgressHandler &onProgress = {});
+                                              const ProgressHandler &onProgress = {}, const std::stop_token &stop = {});
 
     // One face. Reading it may take two seconds of processor time.
     static tl::expected<FontRecord, FontError> extract(const FontDescriptor &descriptor);

@@ -7,7 +7,6 @@
 #include <QPointer>
 
 #include <array>
-#include <cmath>
 #include <set>
 
 // A future is always named before it is awaited; see docs/decisions/0003-futures-are-named.md.
@@ -78,12 +77,11 @@ AppState::AppState(const Surroundings &surroundings, const Delays &delays)
     , m_activation(surroundings.registry, surroundings.directories)
     , m_folders(m_activation, surroundings.registry, surroundings.events, surroundings.directories, delays.folderRescan)
     , m_settings(settingsFile(surroundings.directories), QSettings::IniFormat)
-    , m_foreignChanges({surroundings.directories.applicationSupport / "watched-folders.json",
-                        surroundings.directories.applicationSupport / "activation.json"},
-                       delays.foreignChanges)
+    , m_foreignChanges(delays.foreignChanges)
+    , m_settingsSaving(delays.settings, [this] { saveSettings(); })
     , m_registryRefresh(delays.registryRefresh, [this] { refreshRegisteredFonts(); })
     , m_noticeDismissal(delays.notice, [this] { dismissNotice(); })
-    , m_feedbackDismissal(delays.applied, [this] { applyFeedback.set(std::nullopt); })
+    , m_feedbackDismissal(delays.applied, [this] { dismissApplyFeedback(); })
 {
     auto store = FontIndexStore::open(FontIndexStore::defaultPath(surroundings.directories.applicationSupport));
     if (store) {
@@ -96,28 +94,43 @@ AppState::AppState(const Surroundings &surroundings, const Delays &delays)
     followVisibleList();
     connect(&surroundings.registry, &FontRegistry::registeredFontsChanged, this,
             [this] { m_registryRefresh.trigger(); });
-    m_foreignChanges.follow(m_store);
-    connect(&m_foreignChanges, &ForeignChanges::databaseChanged, this, [this] {
-        reloadUserData();
-        takeOverForeignIndex();
-    });
-    connect(&m_foreignChanges, &ForeignChanges::filesChanged, this, [this] {
-        m_activation.reload();
-        m_folders.rescanAll();
-    });
+    followOtherProcesses(surroundings.directories);
 }
 
-AppState::~AppState() = default;
+AppState::~AppState()
+{
+    m_stop.request_stop();
+    saveSettings();
+}
+
+void AppState::followOtherProcesses(const Directories &directories)
+{
+    m_foreignChanges.addFile(directories.applicationSupport / "watched-folders.json",
+                             [this] { m_folders.rescanAll(); });
+    m_foreignChanges.addFile(directories.applicationSupport / "activation.json", [this] { m_activation.reload(); });
+    m_foreignChanges.setDatabase(m_store, [this] { reloadUserData(); });
+}
 
 void AppState::readSettings()
 {
-    previewText = m_settings.value(previewTextKey(), QString::fromUtf8(kDefaultPreviewText)).toString().toStdString();
+    // Another program may have written the text without quotes, and a comma in it then makes a list.
+    const QStringList text = m_settings.value(previewTextKey(), QString::fromUtf8(kDefaultPreviewText)).toStringList();
+    previewText = text.join(QStringLiteral(", ")).toStdString();
     const double size = m_settings.value(previewSizeKey(), kDefaultPreviewSize).toDouble();
-    previewSize = std::isfinite(size) && size > 0 ? size : kDefaultPreviewSize;
-    m_observers.push_back(previewText.addNotifier(
-        [this] { m_settings.setValue(previewTextKey(), QString::fromStdString(previewText.value())); }));
-    m_observers.push_back(
-        previewSize.addNotifier([this] { m_settings.setValue(previewSizeKey(), previewSize.value()); }));
+    previewSize = size >= kLeastPreviewSize && size <= kMostPreviewSize ? size : kDefaultPreviewSize;
+    m_observers.push_back(previewText.addNotifier([this] { m_settingsSaving.trigger(); }));
+    m_observers.push_back(previewSize.addNotifier([this] { m_settingsSaving.trigger(); }));
+}
+
+// Only what has changed: another process may have written its own.
+void AppState::saveSettings()
+{
+    const auto save = [this](const QString &key, const QVariant &value, const QVariant &standard) {
+        if (m_settings.value(key, standard) != value)
+            m_settings.setValue(key, value);
+    };
+    save(previewTextKey(), QString::fromStdString(previewText.value()), QString::fromUtf8(kDefaultPreviewText));
+    save(previewSizeKey(), previewSize.value(), kDefaultPreviewSize);
 }
 
 FontFamilyPointer AppState::family(const std::string &name) const
@@ -184,9 +197,8 @@ QCoro::Task<bool> AppState::setActive(FontFamilyPointer family, bool on)
 
 void AppState::setNotice(Notice posted)
 {
-    const bool isError = posted.isError;
+    m_noticeDismissal.trigger(posted.isError ? m_delays.errorNotice : m_delays.notice); // first: an observer may post
     notice.set(std::move(posted));
-    m_noticeDismissal.trigger(isError ? m_delays.errorNotice : m_delays.notice);
 }
 
 void AppState::dismissNotice()
@@ -198,8 +210,14 @@ void AppState::dismissNotice()
 void AppState::setApplyFeedback(ApplyResult feedback)
 {
     const bool isApplied = std::holds_alternative<ApplyOutcome::Applied>(feedback);
-    applyFeedback.set(std::move(feedback));
     m_feedbackDismissal.trigger(isApplied ? m_delays.applied : m_delays.notApplied);
+    applyFeedback.set(std::move(feedback));
+}
+
+void AppState::dismissApplyFeedback()
+{
+    m_feedbackDismissal.cancel();
+    applyFeedback.set(std::nullopt);
 }
 
 } // namespace kerlune

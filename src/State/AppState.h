@@ -20,6 +20,7 @@
 
 #include <chrono>
 #include <optional>
+#include <stop_token>
 #include <string>
 #include <utility>
 #include <vector>
@@ -81,6 +82,7 @@ public:
         std::chrono::milliseconds applied{2'200};
         std::chrono::milliseconds notApplied{5'000};
         std::chrono::milliseconds foreignChanges{2'000};
+        std::chrono::milliseconds settings{500};
     };
 
     // What must outlive the state.
@@ -94,6 +96,8 @@ public:
     static constexpr int kMostRecents = 40;
     static constexpr const char *kDefaultPreviewText = "Kerlune";
     static constexpr double kDefaultPreviewSize = 34; // points
+    static constexpr double kLeastPreviewSize = 4;
+    static constexpr double kMostPreviewSize = 2'000;
 
     // Opens the database and reads the settings; load() does the rest.
     explicit AppState(const Surroundings &surroundings);
@@ -156,13 +160,14 @@ public:
     void reloadUserData();                  // takes over what other processes made
 
     // The visible list and the numbers beside the sidebar, computed when something that they depend on has changed.
+    // What a reference leads to is good until the next change of the state.
     const Families &visibleFamilies() const;
     Families computeVisibleFamilies() const;
     FilterSignature filterSignature() const;
     const LibraryCounts &counts() const;
     const std::map<std::string, std::int64_t> &languageCounts() const; // by language id
     std::int64_t familyCountInFolder(const std::string &id) const;
-    const std::vector<FontFamily> &duplicateFamilies() const;
+    const std::vector<FontFamily> &duplicateFamilies() const { return library()->duplicates; }
     ViewMode effectiveViewMode() const; // some selections have no other than the grid
 
     // Activation.
@@ -173,23 +178,23 @@ public:
     std::vector<std::pair<std::string, std::int64_t>> allTags() const; // with the number of families, as names sort
     std::vector<std::string> tags(const std::string &family) const;    // sorted
     bool setTag(const std::string &tag, const std::vector<std::string> &onFamilies, bool on);
-    bool renameTag(const std::string &tag, const std::string &name);
-    bool deleteTag(const std::string &tag);
+    bool renameTag(std::string tag, const std::string &newName);
+    bool deleteTag(std::string tag);
     void reloadTags();
 
     // Collections.
-    std::optional<std::string> createCollection(const std::string &name); // its id
-    bool renameCollection(const std::string &id, const std::string &name);
-    bool deleteCollection(const std::string &id);
-    bool addToCollection(const std::string &id, const std::vector<std::string> &families);
+    std::optional<std::string> createCollection(const std::string &newName); // its id
+    bool renameCollection(const std::string &id, const std::string &newName);
+    bool deleteCollection(std::string id);
+    bool addToCollection(std::string id, const std::vector<std::string> &families);
     bool removeFromCollection(const std::string &id, const std::vector<std::string> &families);
     std::vector<std::string> collectionFontPaths(const std::string &id) const; // of all faces of its families, sorted
 
     // Smart collections.
-    std::optional<std::string> saveCurrentFiltersAsSmartCollection(const std::string &name); // its id
+    std::optional<std::string> saveCurrentFiltersAsSmartCollection(const std::string &newName); // its id
     bool updateSmartCollection(const std::string &id); // takes the current filters
-    bool renameSmartCollection(const std::string &id, const std::string &name);
-    bool deleteSmartCollection(const std::string &id);
+    bool renameSmartCollection(const std::string &id, const std::string &newName);
+    bool deleteSmartCollection(std::string id);
     void reloadSmartCollections();
 
     // Favourites and recently used families.
@@ -199,6 +204,7 @@ public:
     void setNotice(Notice posted);
     void dismissNotice();
     void setApplyFeedback(ApplyResult feedback);
+    void dismissApplyFeedback();
 
 Q_SIGNALS:
     void visibleFamiliesChanged(); // or may have
@@ -214,6 +220,8 @@ private:
 
     LibraryContext context() const;
     void readSettings();
+    void saveSettings();
+    void followOtherProcesses(const Directories &directories);
     void followVisibleList();
     void publish(std::shared_ptr<const LoadedLibrary> loaded);
     void finishIndexing();
@@ -221,11 +229,14 @@ private:
     QCoro::Task<> readRecords(StoredIndex storedIndex);
     QCoro::Task<bool> readStoredRecords(); // false when there are none
     QCoro::Task<> index(std::int64_t count);
-    QCoro::Task<> saveIndex();
-    QCoro::Task<> takeOverForeignIndex();
+    QCoro::Task<> saveIndex(std::shared_ptr<const LoadedLibrary> stored);
     void reloadCollections();
-    void reloadFavorites();
     void reloadRecents();
+    void publishFavorites(FamilyNames stored);
+    void publishRecents(std::vector<std::string> stored);
+    void publishTags(TagsByFamily stored);
+    void publishCollections(Collections stored, std::map<std::string, FamilyNames> members);
+    void publishSmartCollections(std::vector<SmartCollection> stored);
     template <typename Change>
     bool write(Change &&change); // to the store; false without one
 
@@ -243,14 +254,14 @@ private:
     mutable std::optional<CachedList> m_visible;
     mutable std::optional<LibraryCounts> m_counts;
     mutable std::optional<std::map<std::string, std::int64_t>> m_languageCounts;
-    mutable std::optional<std::vector<FontFamily>> m_duplicates;
 
     bool m_isRefreshing = false;
-    std::optional<std::string> m_indexedAt; // of the stored index that is loaded
+    Debounce m_settingsSaving;
     Debounce m_registryRefresh;
     Debounce m_noticeDismissal;
     Debounce m_feedbackDismissal;
     std::vector<QPropertyNotifier> m_observers;
+    std::stop_source m_stop;
     QThreadPool m_pool; // the last one: it waits for what still runs
 };
 

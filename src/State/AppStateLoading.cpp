@@ -7,7 +7,6 @@
 #include <QFutureWatcher>
 #include <QPointer>
 #include <QPromise>
-#include <QScopeGuard>
 #include <QtConcurrentRun>
 
 // Reading the library at the start, indexing it, and following what the system offers.
@@ -30,12 +29,13 @@ Offer countFonts(const FontCatalog &catalog)
     return {static_cast<std::int64_t>(listing.fonts.size()), systemObstacle(listing.skipped)};
 }
 
-void buildLibrary(QPromise<Library> &promise, const FontCatalog &catalog)
+void buildLibrary(QPromise<Library> &promise, const FontCatalog &catalog, const std::stop_token &stop)
 {
-    auto index = FontIndexer(catalog).buildIndex([&](const FontIndexer::Progress &progress) {
+    const auto report = [&](const FontIndexer::Progress &progress) {
         promise.setProgressRange(0, static_cast<int>(progress.total));
         promise.setProgressValue(static_cast<int>(progress.done));
-    });
+    };
+    auto index = FontIndexer(catalog).buildIndex(report, stop);
     promise.addResult(std::make_shared<const LoadedLibrary>(makeLibrary(std::move(index.records))));
 }
 
@@ -55,10 +55,13 @@ Library refreshedLibrary(const FontCatalog &catalog, const std::vector<FontRecor
     return std::make_shared<const LoadedLibrary>(makeLibrary(*std::move(records)));
 }
 
-// The index has one row for each name, and counts as many as a start-up will find on offer.
-bool save(FontIndexStore &store, const LoadedLibrary &library)
+// The index has one row for each name, and counts as many as a start-up will find on offer. One that holds the same
+// already is left alone, and so is one that would become empty: a machine that has lost its fonts keeps it.
+void save(FontIndexStore &store, const LoadedLibrary &library, const LoadedLibrary *stored)
 {
-    return store.replaceAll(firstOfEachName(library.records)).has_value();
+    const auto records = firstOfEachName(library.records);
+    if (!records.empty() && (stored == nullptr || !sameRecords(records, firstOfEachName(stored->records))))
+        store.replaceAll(records);
 }
 
 } // namespace
@@ -92,6 +95,7 @@ QCoro::Task<> AppState::load()
     if (!self)
         co_return;
     finishIndexing();
+    m_foreignChanges.start();
     m_registryRefresh.trigger(); // files that were changed in place leave the count as it was
 }
 
@@ -139,12 +143,10 @@ QCoro::Task<> AppState::readRecords(StoredIndex storedIndex)
 QCoro::Task<bool> AppState::readStoredRecords()
 {
     const QPointer<AppState> self(this);
-    const auto indexedAt = m_store->meta("indexed_at");
     const auto reading = QtConcurrent::run(&m_pool, [store = m_store] { return storedLibrary(*store); });
     const Library stored = co_await reading;
     if (!self || stored == nullptr)
         co_return false;
-    m_indexedAt = indexedAt;
     publish(stored);
     co_return true;
 }
@@ -153,8 +155,10 @@ QCoro::Task<> AppState::index(std::int64_t count)
 {
     const QPointer<AppState> self(this);
     indexMessage.set(localized("Analyse de %1 graisses…", {std::to_string(count)}));
-    const QFuture<Library> building = QtConcurrent::run(
-        &m_pool, [&catalog = m_catalog](QPromise<Library> &promise) { buildLibrary(promise, catalog); });
+    const QFuture<Library> building =
+        QtConcurrent::run(&m_pool, [&catalog = m_catalog, stop = m_stop.get_token()](QPromise<Library> &promise) {
+            buildLibrary(promise, catalog, stop);
+        });
     QFutureWatcher<Library> progress;
     connect(&progress, &QFutureWatcherBase::progressValueChanged, this,
             [this, &progress](int done) { showProgress(done, progress.progressMaximum()); });
@@ -164,7 +168,7 @@ QCoro::Task<> AppState::index(std::int64_t count)
         co_return;
     publish(built);
     indexMessage.set(localized("Enregistrement…"));
-    co_await saveIndex();
+    co_await saveIndex(nullptr);
 }
 
 void AppState::showProgress(int done, int total)
@@ -175,14 +179,13 @@ void AppState::showProgress(int done, int total)
     indexMessage.set(localized("Analyse %1 / %2", {std::to_string(done), std::to_string(total)}));
 }
 
-QCoro::Task<> AppState::saveIndex()
+// `stored` is what the index holds now, null where it is to be written in any case.
+QCoro::Task<> AppState::saveIndex(std::shared_ptr<const LoadedLibrary> stored)
 {
-    const QPointer<AppState> self(this);
-    const auto saving =
-        QtConcurrent::run(&m_pool, [store = m_store, saved = library()] { return save(*store, *saved); });
+    const auto saving = QtConcurrent::run(&m_pool, [store = m_store, saved = library(), stored = std::move(stored)] {
+        save(*store, *saved, stored.get());
+    });
     co_await saving;
-    if (self)
-        m_indexedAt = m_store->meta("indexed_at");
 }
 
 void AppState::publish(std::shared_ptr<const LoadedLibrary> loaded)
@@ -198,30 +201,27 @@ QCoro::Task<> AppState::refreshRegisteredFonts()
 {
     if (m_store == nullptr)
         co_return;
-    if (isIndexing() || m_isRefreshing) { // both publish a library: one after the other
+    if (isIndexing() || m_isRefreshing) { // each publishes a library: one after the other
         m_registryRefresh.trigger();
         co_return;
     }
     const QPointer<AppState> self(this);
+    const Library known = library();
     m_isRefreshing = true;
-    const auto refreshing = QtConcurrent::run(
-        &m_pool, [&catalog = m_catalog, known = library()] { return refreshedLibrary(catalog, known->records); });
+    const auto refreshing =
+        QtConcurrent::run(&m_pool, [&catalog = m_catalog, known] { return refreshedLibrary(catalog, known->records); });
     const Library refreshed = co_await refreshing;
     if (!self)
         co_return;
+    if (library() != known || isIndexing()) { // an index was built meanwhile: it is the newer one
+        m_registryRefresh.trigger();
+    } else if (refreshed != nullptr) {
+        publish(refreshed);
+        co_await saveIndex(known);
+        if (!self)
+            co_return;
+    }
     m_isRefreshing = false;
-    if (refreshed == nullptr)
-        co_return;
-    publish(refreshed);
-    co_await saveIndex();
-}
-
-// Another process has indexed.
-QCoro::Task<> AppState::takeOverForeignIndex()
-{
-    if (isIndexing() || m_store->meta("indexed_at") == m_indexedAt)
-        co_return;
-    co_await readStoredRecords();
 }
 
 } // namespace kerlune

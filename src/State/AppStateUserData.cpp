@@ -19,6 +19,16 @@ const SmartCollection *findById(const std::vector<SmartCollection> &collections,
     return found == collections.end() ? nullptr : &*found;
 }
 
+std::vector<SmartCollection> readSmartCollections(FontIndexStore &store)
+{
+    std::vector<SmartCollection> known;
+    for (const FontIndexStore::SmartCollectionRow &row : store.smartCollections()) {
+        if (auto criteria = filtersFromText(row.filters)) // a newer build may have written what this one does not know
+            known.push_back({row.id, row.name, *std::move(criteria)});
+    }
+    return known;
+}
+
 } // namespace
 
 template <typename Change>
@@ -27,13 +37,23 @@ bool AppState::write(Change &&change)
     return m_store != nullptr && std::forward<Change>(change)(*m_store);
 }
 
+// Only what is not as it was: the visible list is then kept.
 void AppState::reloadUserData()
 {
-    reloadFavorites();
-    reloadCollections();
-    reloadRecents();
-    reloadTags();
-    reloadSmartCollections();
+    if (m_store == nullptr)
+        return;
+    if (auto stored = m_store->favorites(); stored != favorites())
+        publishFavorites(std::move(stored));
+    auto storedCollections = m_store->collections();
+    auto members = m_store->allCollectionMembers();
+    if (storedCollections != collections() || members != collectionCache())
+        publishCollections(std::move(storedCollections), std::move(members));
+    if (auto stored = m_store->recents(kMostRecents); stored != recents())
+        publishRecents(std::move(stored));
+    if (auto stored = m_store->tags(); stored != tagsByFamily())
+        publishTags(std::move(stored));
+    if (auto stored = readSmartCollections(*m_store); stored != smartCollections())
+        publishSmartCollections(std::move(stored));
 }
 
 // Tags.
@@ -64,14 +84,14 @@ std::vector<std::string> AppState::tags(const std::string &family) const
 
 bool AppState::setTag(const std::string &tag, const std::vector<std::string> &onFamilies, bool on)
 {
-    const std::string name = trimmed(tag);
+    const std::string name = on ? trimmed(tag) : tag;
     const bool isWritten =
-        !name.empty() && write([&](FontIndexStore &store) { return store.setTag(on ? name : tag, onFamilies, on); });
+        !name.empty() && write([&](FontIndexStore &store) { return store.setTag(name, onFamilies, on); });
     reloadTags();
     return isWritten;
 }
 
-bool AppState::renameTag(const std::string &tag, const std::string &newName)
+bool AppState::renameTag(std::string tag, const std::string &newName)
 {
     const std::string name = trimmed(newName);
     if (name.empty() || name == tag)
@@ -83,7 +103,7 @@ bool AppState::renameTag(const std::string &tag, const std::string &newName)
     return isWritten;
 }
 
-bool AppState::deleteTag(const std::string &tag)
+bool AppState::deleteTag(std::string tag)
 {
     const bool isWritten = write([&](FontIndexStore &store) { return store.deleteTag(tag); });
     reloadTags();
@@ -94,7 +114,12 @@ bool AppState::deleteTag(const std::string &tag)
 
 void AppState::reloadTags()
 {
-    tagsByFamily.set(m_store == nullptr ? TagsByFamily() : m_store->tags());
+    publishTags(m_store == nullptr ? TagsByFamily() : m_store->tags());
+}
+
+void AppState::publishTags(TagsByFamily stored)
+{
+    tagsByFamily.set(std::move(stored));
     tagsRevision.set(tagsRevision() + 1);
 }
 
@@ -119,7 +144,7 @@ bool AppState::renameCollection(const std::string &id, const std::string &newNam
     return isWritten;
 }
 
-bool AppState::deleteCollection(const std::string &id)
+bool AppState::deleteCollection(std::string id)
 {
     const bool isWritten = write([&](FontIndexStore &store) { return store.deleteCollection(id); });
     reloadCollections();
@@ -128,12 +153,11 @@ bool AppState::deleteCollection(const std::string &id)
     return isWritten;
 }
 
-bool AppState::addToCollection(const std::string &id, const std::vector<std::string> &families)
+bool AppState::addToCollection(std::string id, const std::vector<std::string> &families)
 {
-    const bool isKnown = collectionCache().contains(id); // members of no collection would come to light with none
-    const bool isWritten = isKnown && write([&](FontIndexStore &store) { return store.addToCollection(id, families); });
+    const bool isWritten = write([&](FontIndexStore &store) { return store.addToCollection(id, families); });
     reloadCollections();
-    return isWritten;
+    return isWritten && collectionCache().contains(id);
 }
 
 bool AppState::removeFromCollection(const std::string &id, const std::vector<std::string> &families)
@@ -158,14 +182,15 @@ std::vector<std::string> AppState::collectionFontPaths(const std::string &id) co
 
 void AppState::reloadCollections()
 {
-    Collections stored = m_store == nullptr ? Collections() : m_store->collections();
-    std::map<std::string, FamilyNames> members;
-    for (const FontIndexStore::Collection &collection : stored) {
-        const auto families = m_store->collectionMembers(collection.id);
-        members.emplace(collection.id, FamilyNames(families.begin(), families.end()));
-    }
-    collections.set(std::move(stored));
+    if (m_store != nullptr)
+        publishCollections(m_store->collections(), m_store->allCollectionMembers());
+}
+
+// The members first: whoever hears of a collection looks for them.
+void AppState::publishCollections(Collections stored, std::map<std::string, FamilyNames> members)
+{
     collectionCache.set(std::move(members));
+    collections.set(std::move(stored));
     collectionsRevision.set(collectionsRevision() + 1);
 }
 
@@ -187,15 +212,13 @@ std::optional<std::string> AppState::saveCurrentFiltersAsSmartCollection(const s
     return id;
 }
 
+// Name and filters are written each by itself: another process may just have changed the other one.
 bool AppState::updateSmartCollection(const std::string &id)
 {
-    const SmartCollection *collection = findById(smartCollections(), id);
     const auto json = filtersToText(filters.value());
-    if (collection == nullptr || !json)
+    if (findById(smartCollections(), id) == nullptr || !json)
         return false;
-    const bool isWritten = write([&](FontIndexStore &store) {
-        return store.saveSmartCollection({id, collection->name, *json});
-    });
+    const bool isWritten = write([&](FontIndexStore &store) { return store.setSmartCollectionFilters(id, *json); });
     reloadSmartCollections();
     return isWritten;
 }
@@ -203,16 +226,14 @@ bool AppState::updateSmartCollection(const std::string &id)
 bool AppState::renameSmartCollection(const std::string &id, const std::string &newName)
 {
     const std::string name = trimmed(newName);
-    const SmartCollection *collection = findById(smartCollections(), id);
-    const auto json = collection == nullptr ? std::nullopt : filtersToText(collection->filters);
-    if (name.empty() || !json)
+    if (name.empty() || findById(smartCollections(), id) == nullptr)
         return false;
-    const bool isWritten = write([&](FontIndexStore &store) { return store.saveSmartCollection({id, name, *json}); });
+    const bool isWritten = write([&](FontIndexStore &store) { return store.renameSmartCollection(id, name); });
     reloadSmartCollections();
     return isWritten;
 }
 
-bool AppState::deleteSmartCollection(const std::string &id)
+bool AppState::deleteSmartCollection(std::string id)
 {
     const bool isWritten = write([&](FontIndexStore &store) { return store.deleteSmartCollection(id); });
     reloadSmartCollections();
@@ -223,15 +244,12 @@ bool AppState::deleteSmartCollection(const std::string &id)
 
 void AppState::reloadSmartCollections()
 {
-    std::vector<SmartCollection> known;
-    if (m_store != nullptr) {
-        for (const FontIndexStore::SmartCollectionRow &row : m_store->smartCollections()) {
-            if (auto criteria =
-                    filtersFromText(row.filters)) // a newer build may have written what this one does not know
-                known.push_back({row.id, row.name, *std::move(criteria)});
-        }
-    }
-    smartCollections.set(std::move(known));
+    publishSmartCollections(m_store == nullptr ? std::vector<SmartCollection>() : readSmartCollections(*m_store));
+}
+
+void AppState::publishSmartCollections(std::vector<SmartCollection> stored)
+{
+    smartCollections.set(std::move(stored));
     smartRevision.set(smartRevision() + 1);
 }
 
@@ -247,7 +265,7 @@ bool AppState::toggleFavorite(const std::string &family)
             changed.insert(family);
         else
             changed.erase(family);
-        favorites.set(std::move(changed));
+        publishFavorites(std::move(changed));
     }
     return isWritten;
 }
@@ -259,14 +277,22 @@ bool AppState::noteUsed(const std::string &family)
     return isWritten;
 }
 
-void AppState::reloadFavorites()
+void AppState::publishFavorites(FamilyNames stored)
 {
-    favorites.set(m_store == nullptr ? FamilyNames() : m_store->favorites());
+    ++m_listRevision;
+    favorites.set(std::move(stored));
 }
 
 void AppState::reloadRecents()
 {
-    recents.set(m_store == nullptr ? std::vector<std::string>() : m_store->recents(kMostRecents));
+    if (m_store != nullptr)
+        publishRecents(m_store->recents(kMostRecents));
+}
+
+void AppState::publishRecents(std::vector<std::string> stored)
+{
+    ++m_listRevision;
+    recents.set(std::move(stored));
 }
 
 } // namespace kerlune

@@ -62,13 +62,6 @@ std::int64_t AppState::familyCountInFolder(const std::string &id) const
     return folder ? countInFolder(families(), folder->path) : 0;
 }
 
-const std::vector<FontFamily> &AppState::duplicateFamilies() const
-{
-    if (!m_duplicates)
-        m_duplicates = kerlune::duplicateFamilies(allRecords());
-    return *m_duplicates;
-}
-
 ViewMode AppState::effectiveViewMode() const
 {
     return sidebarSelection.value().kind == SidebarSelection::Kind::duplicates ? ViewMode::grid : viewMode.value();
@@ -77,15 +70,11 @@ ViewMode AppState::effectiveViewMode() const
 void AppState::followVisibleList()
 {
     const auto tell = [this] { Q_EMIT visibleFamiliesChanged(); };
-    const auto tellAnew = [this] {
-        ++m_listRevision;
-        Q_EMIT visibleFamiliesChanged();
-    };
     m_observers.push_back(filters.addNotifier(tell));
     m_observers.push_back(sidebarSelection.addNotifier(tell));
-    m_observers.push_back(library.observe(tellAnew));
-    m_observers.push_back(favorites.observe(tellAnew));
-    m_observers.push_back(recents.observe(tellAnew));
+    m_observers.push_back(library.observe(tell));
+    m_observers.push_back(favorites.observe(tell));
+    m_observers.push_back(recents.observe(tell));
     m_observers.push_back(collectionsRevision.observe(tell));
     m_observers.push_back(tagsRevision.observe(tell));
     m_observers.push_back(smartRevision.observe(tell));

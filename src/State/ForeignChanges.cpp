@@ -7,41 +7,50 @@
 
 namespace kerlune {
 
-ForeignChanges::ForeignChanges(std::vector<std::filesystem::path> files, std::chrono::milliseconds interval)
-    : m_files(std::move(files))
+ForeignChanges::ForeignChanges(std::chrono::milliseconds interval)
 {
     m_timer.setInterval(interval);
-    connect(&m_timer, &QTimer::timeout, this, &ForeignChanges::look);
+    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { look(); });
 }
 
-void ForeignChanges::follow(std::shared_ptr<FontIndexStore> store)
+void ForeignChanges::addFile(std::filesystem::path file, Reaction onChange)
+{
+    m_files.push_back({std::move(file), std::move(onChange)});
+}
+
+void ForeignChanges::setDatabase(std::shared_ptr<FontIndexStore> store, Reaction onChange)
 {
     m_store = std::move(store);
+    m_onDatabaseChange = std::move(onChange);
+}
+
+void ForeignChanges::start()
+{
+    for (File &file : m_files)
+        file.stamp = stampOf(file.path);
     m_dataVersion = dataVersion();
-    m_stamps = stamps();
     m_timer.start();
 }
 
 void ForeignChanges::look()
 {
-    const std::int64_t formerVersion = std::exchange(m_dataVersion, dataVersion());
-    const auto formerStamps = std::exchange(m_stamps, stamps());
-    if (m_dataVersion != formerVersion)
-        Q_EMIT databaseChanged();
-    if (m_stamps != formerStamps)
-        Q_EMIT filesChanged();
+    for (File &file : m_files) {
+        const Stamp former = std::exchange(file.stamp, stampOf(file.path));
+        if (file.stamp != former)
+            file.onChange();
+    }
+    const std::int64_t former = std::exchange(m_dataVersion, dataVersion());
+    if (m_dataVersion != former)
+        m_onDatabaseChange();
 }
 
-std::vector<ForeignChanges::FileStamp> ForeignChanges::stamps() const
+// A file that is missing has the stamp of none.
+ForeignChanges::Stamp ForeignChanges::stampOf(const std::filesystem::path &file)
 {
-    std::vector<FileStamp> all;
-    for (const std::filesystem::path &file : m_files) {
-        std::error_code error; // a file that is missing has the stamp of none
-        const auto modified = std::filesystem::last_write_time(file, error);
-        const auto size = error ? 0 : std::filesystem::file_size(file, error);
-        all.push_back(error ? FileStamp() : FileStamp{modified, size});
-    }
-    return all;
+    std::error_code error;
+    const auto modified = std::filesystem::last_write_time(file, error);
+    const auto size = error ? 0 : std::filesystem::file_size(file, error);
+    return error ? Stamp() : Stamp{modified, size};
 }
 
 std::int64_t ForeignChanges::dataVersion() const

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QObject>
 #include <QTimer>
 
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -13,39 +13,43 @@ namespace kerlune {
 
 class FontIndexStore;
 
-// Notices that another process has changed the database or one of the state files, by looking at them from time to
-// time.
+// Notices that a file was changed, or the database by another process, by looking at them from time to time.
 //
-// Thread: main.
-class ForeignChanges final : public QObject {
-    Q_OBJECT
-
+// Thread: main, where the reactions are called too.
+class ForeignChanges final {
 public:
-    ForeignChanges(std::vector<std::filesystem::path> files, std::chrono::milliseconds interval);
+    using Reaction = std::function<void()>;
 
-    void follow(std::shared_ptr<FontIndexStore> store); // which may be null; changes from now on are told
+    explicit ForeignChanges(std::chrono::milliseconds interval);
 
-Q_SIGNALS:
-    void databaseChanged();
-    void filesChanged(); // by this process too
+    void addFile(std::filesystem::path file, Reaction onChange);                // by whichever process
+    void setDatabase(std::shared_ptr<FontIndexStore> store, Reaction onChange); // by other processes; null is none
+
+    void start(); // changes from now on are told
 
 private:
-    struct FileStamp {
+    struct Stamp {
         std::filesystem::file_time_type modified;
         std::uintmax_t size = 0;
 
-        bool operator==(const FileStamp &) const = default;
+        bool operator==(const Stamp &) const = default;
+    };
+
+    struct File {
+        std::filesystem::path path;
+        Reaction onChange;
+        Stamp stamp = {};
     };
 
     void look();
-    std::vector<FileStamp> stamps() const;
+    static Stamp stampOf(const std::filesystem::path &file);
     std::int64_t dataVersion() const;
 
-    std::shared_ptr<FontIndexStore> m_store;
-    std::vector<std::filesystem::path> m_files;
     QTimer m_timer;
+    std::vector<File> m_files;
+    std::shared_ptr<FontIndexStore> m_store;
+    Reaction m_onDatabaseChange;
     std::int64_t m_dataVersion = 0;
-    std::vector<FileStamp> m_stamps;
 };
 
 } // namespace kerlune

@@ -12,11 +12,11 @@ namespace {
 
 constexpr std::size_t kMostBytes = 64U << 20;
 
-CharacterMap readMap(const FontRecord &record)
+std::shared_ptr<const CharacterMap> readMap(const FontRecord &record)
 {
     auto file = FontFile::open(record.filePath);
     if (!file)
-        return {};
+        return nullptr;
     std::uint32_t faceIndex = 0;
     if ((*file)->faceCount() != 1) { // instances share their characters, the faces of a collection need not
         const auto fonts = fontsOfFile(record.filePath).fonts;
@@ -24,11 +24,11 @@ CharacterMap readMap(const FontRecord &record)
             return candidate.postScriptName == record.postScriptName;
         });
         if (font == fonts.end())
-            return {};
+            return nullptr;
         faceIndex = font->faceIndex;
     }
     const auto face = FontFace::open(*std::move(file), faceIndex);
-    return face ? (*face)->characterMap() : CharacterMap();
+    return face ? std::make_shared<const CharacterMap>((*face)->characterMap()) : nullptr;
 }
 
 } // namespace
@@ -40,10 +40,10 @@ std::vector<FontFamilyPointer> GlyphCoverage::familiesWith(std::u32string_view c
     parallelForRanges(families.size(), [&](std::size_t first, std::size_t last) {
         for (std::size_t i = first; i != last; ++i) {
             const Map map = characterMap(*families[i]->representative());
-            isCovered[i] = std::all_of(characters.begin(), characters.end(),
-                                       [&](char32_t character) { return map->contains(character); })
-                               ? 1
-                               : 0;
+            const bool hasAll =
+                map != nullptr && std::all_of(characters.begin(), characters.end(),
+                                              [&](char32_t character) { return map->contains(character); });
+            isCovered[i] = hasAll ? 1 : 0;
         }
     });
     std::vector<FontFamilyPointer> covered;
@@ -54,6 +54,13 @@ std::vector<FontFamilyPointer> GlyphCoverage::familiesWith(std::u32string_view c
     return covered;
 }
 
+void GlyphCoverage::clear()
+{
+    const std::lock_guard lock(m_mutex);
+    m_entries.clear();
+    m_bytes = 0;
+}
+
 GlyphCoverage::Map GlyphCoverage::characterMap(const FontRecord &face)
 {
     {
@@ -62,9 +69,9 @@ GlyphCoverage::Map GlyphCoverage::characterMap(const FontRecord &face)
         if (known != m_entries.end() && known->second.path == face.filePath && known->second.mtime == face.mtime)
             return known->second.map;
     }
-    auto map = std::make_shared<const CharacterMap>(readMap(face));
+    auto map = readMap(face);
     const std::lock_guard lock(m_mutex);
-    if (m_bytes + map->byteCount() > kMostBytes)
+    if (map == nullptr || m_bytes + map->byteCount() > kMostBytes)
         return map;
     Entry &entry = m_entries[face.postScriptName];
     m_bytes += map->byteCount() - (entry.map ? entry.map->byteCount() : 0);

@@ -24,6 +24,8 @@ public:
     std::vector<FontFamilyPointer> familiesWith(std::u32string_view characters,
                                                 const std::vector<FontFamilyPointer> &families);
 
+    void clear(); // what was read is forgotten
+
 private:
     using Map = std::shared_ptr<const CharacterMap>;
 
@@ -33,7 +35,7 @@ private:
         Map map;
     };
 
-    Map characterMap(const FontRecord &face);
+    Map characterMap(const FontRecord &face); // null when it cannot be read
 
     std::mutex m_mutex;                               // guards what follows
     std::unordered_map<std::string, Entry> m_entries; // by PostScript name

@@ -19,6 +19,7 @@ struct LoadedLibrary {
     std::unordered_map<std::string_view, FontFamilyPointer> familyByName = {};
     std::unordered_map<std::string_view, FontRecordPointer> recordByPostScriptName = {};
     SearchIndex searchIndex = {};
+    std::vector<FontFamily> duplicates = {}; // of the faces whose PostScript name another face has too
 };
 
 // Blocks, on all cores.

@@ -59,6 +59,7 @@ std::optional<Records> refreshedRecords(const FontCatalog &catalog, const Record
             std::find_if(first, last, [&](const auto &entry) { return entry.second->filePath == font.path; });
         if (same != last && checks.isUnchanged(*same->second)) {
             records.push_back(same->second);
+            byName.erase(same); // two faces of a file may have one name
             continue;
         }
         places.push_back(records.size());
@@ -66,8 +67,14 @@ std::optional<Records> refreshedRecords(const FontCatalog &catalog, const Record
         records.push_back(nullptr);
     }
     const auto read = FontIndexer::extractAll(unread);
-    for (std::size_t i = 0; i < read.size(); ++i)
+    std::vector<FontDescriptor> costly;
+    for (std::size_t i = 0; i < read.size(); ++i) {
         records[places[i]] = read[i].value_or(nullptr);
+        if (!read[i] && read[i].error() == FontError::TooCostly)
+            costly.push_back(unread[i]);
+    }
+    if (!costly.empty())
+        catalog.leaveOut(costly, FontError::TooCostly); // or each refresh would spend its seconds again
     std::erase(records, nullptr);
     return records;
 }

@@ -1,6 +1,5 @@
 #include "State/VisibleFamilies.h"
 
-#include "Model/FontIndexer.h"
 #include "Model/ScriptCoverage.h"
 #include "Support/Text.h"
 
@@ -74,7 +73,7 @@ Families recentlyUsed(Families families, const std::vector<std::string> &recents
 Families duplicates(Families families, const LoadedLibrary &library)
 {
     std::unordered_set<std::string> names;
-    for (const FontFamily &family : duplicateFamilies(library.records))
+    for (const FontFamily &family : library.duplicates)
         names.insert(family.name);
     return keptIf(std::move(families), [&](const FontFamily &family) { return names.contains(family.name); });
 }
@@ -157,18 +156,6 @@ std::int64_t countInFolder(const Families &families, const std::string &folder)
         return std::any_of(family->faces.begin(), family->faces.end(),
                            [&](const FontRecordPointer &face) { return isBelow(face->filePath, folder); });
     });
-}
-
-std::vector<FontFamily> duplicateFamilies(const std::vector<FontRecordPointer> &records)
-{
-    std::unordered_map<std::string_view, int> uses;
-    uses.reserve(records.size());
-    for (const FontRecordPointer &record : records)
-        ++uses[record->postScriptName];
-    std::vector<FontRecordPointer> shared;
-    std::copy_if(records.begin(), records.end(), std::back_inserter(shared),
-                 [&](const FontRecordPointer &record) { return uses.at(record->postScriptName) > 1; });
-    return FontIndexer::groupIntoFamilies(shared);
 }
 
 } // namespace kerlune

@@ -51,7 +51,4 @@ std::map<std::string, std::int64_t> countLanguages(const std::vector<FontFamilyP
 // How many families have a face below the folder.
 std::int64_t countInFolder(const std::vector<FontFamilyPointer> &families, const std::string &folder);
 
-// The faces whose PostScript name another face has too, grouped into families.
-std::vector<FontFamily> duplicateFamilies(const std::vector<FontRecordPointer> &records);
-
 } // namespace kerlune

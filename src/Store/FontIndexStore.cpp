@@ -1,5 +1,6 @@
 #include "Store/FontIndexStore.h"
 
+#include "Store/RecordReader.h"
 #include "Store/RecordRow.h"
 #include "Store/Schema.h"
 #include "Store/Statement.h"
@@ -9,10 +10,12 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <charconv>
 #include <chrono>
+#include <cmath>
 #include <cstring>
 #include <thread>
 #include <utility>
@@ -104,7 +107,7 @@ tl::expected<std::unique_ptr<FontIndexStore>, FontIndexStore::StoreError>
 FontIndexStore::open(const std::filesystem::path &path, Clock clock)
 {
     sqlite3 *connection = nullptr;
-    constexpr int kFlags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_FULLMUTEX;
+    constexpr int kFlags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX;
     const int result = sqlite3_open_v2(path.c_str(), &connection, kFlags, nullptr);
     std::unique_ptr<FontIndexStore> store(
         new FontIndexStore(Handle<sqlite3, sqlite3_close_v2>(connection), std::move(clock)));
@@ -176,15 +179,8 @@ tl::expected<void, FontIndexStore::StoreError> FontIndexStore::insertAll(std::sp
 
 std::vector<FontRecordPointer> FontIndexStore::loadAll()
 {
-    return m_queue.sync([&] {
-        std::vector<FontRecordPointer> records;
-        Statement select(m_db.get(), "SELECT * FROM fonts;");
-        while (select.nextRow())
-            records.push_back(std::make_shared<const FontRecord>(readRecord(select)));
-        if (!select.isComplete())
-            records.clear(); // half an index would pass for a whole one
-        return records;
-    });
+    // Half an index would pass for a whole one: then it is none.
+    return m_queue.sync([&] { return readRecords(m_db.get()).value_or(std::vector<FontRecordPointer>()); });
 }
 
 std::int64_t FontIndexStore::indexedCount()
@@ -213,10 +209,11 @@ void FontIndexStore::setMeta(const std::string &key, const std::string &value)
 
 std::optional<std::int64_t> FontIndexStore::dataVersion()
 {
-    return m_queue.syncIfFree([&] {
+    const auto version = m_queue.syncIfFree([&]() -> std::optional<std::int64_t> {
         Statement select(m_db.get(), "PRAGMA data_version;");
-        return select.nextRow() ? select.integer(0) : 0;
+        return select.nextRow() ? std::optional(select.integer(0)) : std::nullopt;
     });
+    return version.value_or(std::nullopt);
 }
 
 void FontIndexStore::saveFingerprints(const std::unordered_map<std::string, Vector> &vectors)
@@ -276,7 +273,12 @@ bool FontIndexStore::setFavorite(const std::string &family, bool on)
 bool FontIndexStore::noteRecent(const std::string &family)
 {
     return m_queue.sync([&] {
-        return run("INSERT OR REPLACE INTO recents(family,used) VALUES(?,?);", {family}, {m_clock()}).has_value();
+        double last = 0;
+        if (Statement select(m_db.get(), "SELECT max(used) FROM recents;"); select.nextRow())
+            last = select.real(0);
+        constexpr double kStep = 0.001; // seconds
+        const double used = std::isfinite(last) ? std::max(m_clock(), last + kStep) : m_clock();
+        return run("INSERT OR REPLACE INTO recents(family,used) VALUES(?,?);", {family}, {used}).has_value();
     });
 }
 
@@ -328,7 +330,9 @@ bool FontIndexStore::deleteCollection(const std::string &id)
 bool FontIndexStore::addToCollection(const std::string &id, std::span<const std::string> families)
 {
     const auto insertRows = [&] {
-        return runForEach("INSERT OR IGNORE INTO collection_items(family,collection_id) VALUES(?,?);", families, id);
+        return runForEach("INSERT OR IGNORE INTO collection_items(family,collection_id)\n"
+                          "SELECT ?1,?2 WHERE EXISTS(SELECT 1 FROM collections WHERE id=?2);",
+                          families, id);
     };
     return m_queue.sync([&] { return transact(insertRows).has_value(); });
 }
@@ -345,6 +349,23 @@ std::vector<std::string> FontIndexStore::collectionMembers(const std::string &id
 {
     return m_queue.sync(
         [&] { return firstColumn("SELECT family FROM collection_items WHERE collection_id=?;", {id}); });
+}
+
+std::map<std::string, std::set<std::string>> FontIndexStore::allCollectionMembers()
+{
+    return m_queue.sync([&] {
+        std::map<std::string, std::set<std::string>> members;
+        Statement select(m_db.get(),
+                         "SELECT id, family FROM collections LEFT JOIN collection_items ON collection_id=id;");
+        while (select.nextRow()) {
+            std::set<std::string> &families = members[select.text(0)];
+            if (!select.isNull(1))
+                families.insert(select.text(1));
+        }
+        if (!select.isComplete())
+            members.clear();
+        return members;
+    });
 }
 
 std::map<std::string, std::set<std::string>> FontIndexStore::tags()
@@ -406,6 +427,18 @@ bool FontIndexStore::saveSmartCollection(const SmartCollectionRow &collection)
                                     "ON CONFLICT(id) DO UPDATE SET name=excluded.name, filters=excluded.filters;",
                                     {collection.id, collection.name, collection.filters}, {m_clock()});
         return written.has_value();
+    });
+}
+
+bool FontIndexStore::renameSmartCollection(const std::string &id, const std::string &name)
+{
+    return m_queue.sync([&] { return run("UPDATE smart_collections SET name=? WHERE id=?;", {name, id}).has_value(); });
+}
+
+bool FontIndexStore::setSmartCollectionFilters(const std::string &id, const std::string &filters)
+{
+    return m_queue.sync([&] {
+        return run("UPDATE smart_collections SET filters=? WHERE id=?;", {filters, id}).has_value();
     });
 }
 

@@ -90,7 +90,7 @@ public:
     // Favourite and recently used families.
     std::set<std::string> favorites();
     bool setFavorite(const std::string &family, bool on);
-    bool noteRecent(const std::string &family);
+    bool noteRecent(const std::string &family);  // later than all others, even where the clock went back
     std::vector<std::string> recents(int limit); // most recent first
 
     // Collections of families.
@@ -98,9 +98,11 @@ public:
     std::optional<std::string> createCollection(const std::string &name); // its new id; absent when it was not written
     bool renameCollection(const std::string &id, const std::string &name);
     bool deleteCollection(const std::string &id);
+    // A collection that is no longer there takes no members.
     bool addToCollection(const std::string &id, std::span<const std::string> families);
     bool removeFromCollection(const std::string &id, std::span<const std::string> families);
     std::vector<std::string> collectionMembers(const std::string &id);
+    std::map<std::string, std::set<std::string>> allCollectionMembers(); // by the id of each collection
 
     // Tags of families.
     std::map<std::string, std::set<std::string>> tags(); // by family
@@ -111,6 +113,8 @@ public:
     // Smart collections, in creation order. Saving an id again changes its name and filters.
     std::vector<SmartCollectionRow> smartCollections();
     bool saveSmartCollection(const SmartCollectionRow &collection);
+    bool renameSmartCollection(const std::string &id, const std::string &name);
+    bool setSmartCollectionFilters(const std::string &id, const std::string &filters); // JSON text
     bool deleteSmartCollection(const std::string &id);
 
     // All that the user made, as it is at one moment. Absent when a part of it cannot be read.

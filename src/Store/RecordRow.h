@@ -15,8 +15,4 @@ inline constexpr const char *kInsertRecord =
 // Precondition: the glyph count fits into 32 signed bits.
 void bindRecord(Statement &insert, const FontRecord &record);
 
-// The current row of "SELECT * FROM fonts;". A text that is NULL, and an optional one that is empty, is absent; an
-// unknown class reads as FontClass::unknown.
-FontRecord readRecord(const Statement &select);
-
 } // namespace kerlune

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
+#include <vector>
 
 namespace kerlune {
 
@@ -47,6 +49,49 @@ void appendFoldedUnicode(std::string &target, std::string_view text)
             bases.append(character);
     }
     composition->normalize(bases.foldCase(U_FOLD_CASE_DEFAULT), status).toUTF8String(target);
+}
+
+// Of the characters below this one, none composes with what follows, but for nonspacing marks, which fall away. So each
+// can be folded by itself, and so can the rest between them.
+constexpr char32_t kEndOfLatin = 0x250;
+
+const std::string &foldedLatin(char32_t character)
+{
+    static const std::vector<std::string> all = [] {
+        std::vector<std::string> texts(kEndOfLatin);
+        for (char32_t i = 0; i < kEndOfLatin; ++i) {
+            std::string text;
+            appendFoldedUnicode(texts[i], icu::UnicodeString(static_cast<UChar32>(i)).toUTF8String(text));
+        }
+        return texts;
+    }();
+    return all[character];
+}
+
+// The character below kEndOfLatin at the beginning, and its bytes; none when there is another.
+std::pair<char32_t, std::size_t> latinCharacter(std::string_view text)
+{
+    const auto first = static_cast<unsigned char>(text[0]);
+    if (isAscii(text[0]))
+        return {first, 1};
+    const auto second = static_cast<unsigned char>(text.size() > 1 ? text[1] : 0);
+    const char32_t character = (first & 0x1FU) << 6 | (second & 0x3FU);
+    const bool isOne = first >= 0xC2 && first < 0xE0 && (second & 0xC0U) == 0x80 && character < kEndOfLatin;
+    return isOne ? std::pair<char32_t, std::size_t>(character, 2) : std::pair<char32_t, std::size_t>(0, 0);
+}
+
+void appendFoldedInParts(std::string &target, std::string_view text)
+{
+    while (!text.empty()) {
+        if (const auto [character, bytes] = latinCharacter(text); bytes > 0) {
+            target += foldedLatin(character);
+            text.remove_prefix(bytes);
+            continue;
+        }
+        const auto *const end = std::find_if(text.begin(), text.end(), [](char c) { return isAscii(c); });
+        appendFoldedUnicode(target, {text.begin(), end});
+        text = {end, text.end()};
+    }
 }
 
 std::string collationLocale()
@@ -105,18 +150,17 @@ std::string folded(std::string_view text)
 
 void appendFolded(std::string &target, std::string_view text)
 {
-    // No character composes with an ASCII one but nonspacing marks, which fall away. So the runs between can be folded
-    // one by one.
-    while (!text.empty()) {
-        const auto *const other = std::find_if_not(text.begin(), text.end(), [](char c) { return isAscii(c); });
-        const auto *const next = std::find_if(other, text.end(), [](char c) { return isAscii(c); });
-        const std::size_t length = target.size();
-        target.resize(length + static_cast<std::size_t>(other - text.begin()));
-        std::transform(text.begin(), other, target.begin() + static_cast<std::ptrdiff_t>(length), lowercasedAscii);
-        if (other != next)
-            appendFoldedUnicode(target, {other, next});
-        text = {next, text.end()};
+    const std::size_t length = target.size();
+    target.resize(length + text.size());
+    unsigned char bits = 0; // of all characters
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        bits |= static_cast<unsigned char>(text[i]);
+        target[length + i] = lowercasedAscii(text[i]);
     }
+    if (isAscii(static_cast<char>(bits)))
+        return;
+    target.resize(length);
+    appendFoldedInParts(target, text);
 }
 
 std::string trimmed(std::string_view text)

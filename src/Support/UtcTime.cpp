@@ -93,7 +93,8 @@ std::optional<double> utcTimeFromText(std::string_view text)
         return std::nullopt;
     const std::int64_t days = chrono::sys_days(date).time_since_epoch().count();
     const int secondOfDay = (hour * 60 + minute) * 60 + second;
-    return static_cast<double>(days * kDay + secondOfDay) + static_cast<double>(fraction) / static_cast<double>(kNanosecond);
+    return static_cast<double>(days * kDay + secondOfDay) +
+           static_cast<double>(fraction) / static_cast<double>(kNanosecond);
 }
 
 } // namespace kerlune

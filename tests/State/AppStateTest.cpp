@@ -180,6 +180,13 @@ TEST_F(AppStateTest, RefreshesOnceAfterManyNotifications)
     EXPECT_EQ(published, 1);
     EXPECT_THAT(program->state.duplicateFamilies(), SizeIs(1));
     EXPECT_EQ(program->state.store()->indexedCount(), 2); // as many as the next start finds on offer
+    {
+        const auto writtenAt = program->state.store()->meta("indexed_at");
+        const auto another = open();
+        EXPECT_THAT(messagesOf(*another), Contains("Lecture de l'index…"));
+        EXPECT_TRUE(waitUntil([&] { return another->state.allRecords().size() == 3; })); // the refresh after loading
+        EXPECT_EQ(program->state.store()->meta("indexed_at"), writtenAt);                // nothing new to write
+    }
 
     fs::remove(a);
     fs::copy_file(testFont("mono-post.ttf"), m_home / "data/fonts/b.ttf", fs::copy_options::overwrite_existing);
@@ -189,6 +196,27 @@ TEST_F(AppStateTest, RefreshesOnceAfterManyNotifications)
     QCoro::waitFor(program->state.refreshRegisteredFonts());
     EXPECT_EQ(program->state.library(), kept); // nothing has changed
     EXPECT_THAT(messagesOf(*open()), Contains("Lecture de l'index…"));
+}
+
+TEST_F(AppStateTest, ARefreshGivesWayToAnIndexThatIsBuiltMeanwhile)
+{
+    put("data/fonts/a.ttf");
+    const auto program = open();
+    program->load();
+    put("data/fonts/b.ttf", "italic.ttf");
+    auto refresh = program->state.refreshRegisteredFonts();
+    put("data/fonts/c.ttf", "mono-post.ttf"); // perhaps too late for the refresh, in time for the index
+    QCoro::waitFor(program->state.rebuildIndex());
+    QCoro::waitFor(std::move(refresh));
+    EXPECT_THAT(program->names(), SizeIs(3));
+    EXPECT_EQ(program->state.store()->indexedCount(), 3);
+
+    // What has gone is seen, but a library without any font does not take the place of a stored one.
+    for (const char *name : {"a.ttf", "b.ttf", "c.ttf"})
+        fs::remove(m_home / "data/fonts" / name);
+    QCoro::waitFor(program->state.rebuildIndex());
+    EXPECT_THAT(program->names(), IsEmpty());
+    EXPECT_EQ(program->state.store()->indexedCount(), 3);
 }
 
 TEST_F(AppStateTest, DismissesWhatHasHappenedAfterItsOwnTime)
@@ -244,6 +272,14 @@ TEST_F(AppStateTest, ComputesTheVisibleListWhenWhatItDependsOnChanges)
     EXPECT_FALSE(isKept([&] { state.saveCurrentFiltersAsSmartCollection("s"); }));
     EXPECT_FALSE(isKept([&] { state.sidebarSelection = SidebarSelection{}; }));
     EXPECT_FALSE(isKept([&] { QCoro::waitFor(state.rebuildIndex()); }));
+    EXPECT_TRUE(isKept([&] { state.reloadUserData(); })); // as it was
+
+    // Who is told of a change sees it.
+    bool isNewOne = false;
+    const auto observer =
+        state.library.observe([&] { isNewOne = state.visibleFamilies()[0] == state.library()->families[0]; });
+    QCoro::waitFor(state.rebuildIndex());
+    EXPECT_TRUE(isNewOne);
 
     // The order of the recently used families counts, not only their number.
     const std::string other = state.families()[1]->name;
@@ -272,7 +308,7 @@ TEST_F(AppStateTest, TagsFollowTheirNameInTheSidebar)
     EXPECT_THAT(state.tags("B"), ElementsAre("Old", "Projet 9"));
     EXPECT_TRUE(state.deleteTag("Projet 9"));
     EXPECT_EQ(state.sidebarSelection.value().kind, Kind::tag);
-    EXPECT_TRUE(state.deleteTag("Old"));
+    EXPECT_TRUE(state.deleteTag(*state.tagsByFamily().at("B").begin())); // the text goes with the tag
     EXPECT_EQ(state.sidebarSelection.value(), SidebarSelection());
     EXPECT_THAT(state.allTags(), IsEmpty());
 }
@@ -343,10 +379,10 @@ TEST_F(AppStateTest, CollectionsFavoritesAndRecentsAreMirrored)
 TEST_F(AppStateTest, ShowsWhatAnotherProcessHasMade)
 {
     put("data/fonts/a.ttf");
+    put("Autres/d.ttf", "text.ttf");
     const std::string b = put("Polices/b.ttf", "italic.ttf");
     AppState::Delays delays = kQuick;
     delays.foreignChanges = 5ms;
-    delays.registryRefresh = 1h; // the index of the other process is what is read here
     const auto window = open(delays);
     window->load();
     const auto other = open();
@@ -357,12 +393,33 @@ TEST_F(AppStateTest, ShowsWhatAnotherProcessHasMade)
     EXPECT_TRUE(QCoro::waitFor(other->state.activation().activate({b})));
     other->load();
     EXPECT_THAT(other->state.tags("A"), ElementsAre("titre", "web"));
+
+    // Of one thing each changes another side.
+    window->state.filters = Filters{.search = "x"};
+    const std::string smart = *window->state.saveCurrentFiltersAsSmartCollection("Ancien nom");
+    other->state.reloadUserData();
+    other->state.filters = Filters{.search = "y"};
+    EXPECT_TRUE(other->state.updateSmartCollection(smart));
+    EXPECT_TRUE(window->state.renameSmartCollection(smart, "Nouveau nom"));
+    EXPECT_THAT(window->state.smartCollections(), ElementsAre(SmartCollection{smart, "Nouveau nom", {.search = "y"}}));
+    const std::string gone = *window->state.createCollection("Passée");
+    other->state.reloadUserData();
+    EXPECT_TRUE(other->state.deleteCollection(gone));
+    EXPECT_FALSE(window->state.addToCollection(gone, {"A"}));
+    EXPECT_THAT(window->state.store()->collectionMembers(gone), IsEmpty());
     EXPECT_TRUE(waitUntil([&] {
         return window->state.folderLibrary().folderContaining(b) &&
                window->state.activation().activePaths().contains(b);
     }));
     EXPECT_TRUE(waitUntil([&] { return window->names() == other->names(); }));
     EXPECT_THAT(window->names(), SizeIs(2));
+    window->state.sidebarSelection =
+        SidebarSelection{.kind = Kind::folder, .key = other->state.folderLibrary().folders()[0].id};
+    EXPECT_THAT(window->state.visibleFamilies(), SizeIs(1));
+    EXPECT_TRUE(QCoro::waitFor(other->state.folderLibrary().add(m_home / "Autres")));
+    put("Polices/c.ttf", "mono-post.ttf"); // seen by the window itself
+    EXPECT_TRUE(waitUntil([&] { return window->state.visibleFamilies().size() == 2; }));
+    EXPECT_EQ(window->state.counts().byClass.size(), countFamilies(window->state.families()).byClass.size());
 }
 
 TEST_F(AppStateTest, ActivatesTheFacesThatLieInWatchedFolders)
@@ -426,6 +483,9 @@ TEST_F(AppStateTest, KnowsWhatIsSelectedAndKeepsThePreview)
     }
     EXPECT_EQ(open()->state.previewText.value(), "Été à « l’île »");
     EXPECT_EQ(open()->state.previewSize.value(), 61.5);
+    writeFile(m_directories.configuration / "settings.ini", "[General]\npreviewText=Un, deux\npreviewSize=1e300\n");
+    EXPECT_EQ(open()->state.previewText.value(), "Un, deux");
+    EXPECT_EQ(open()->state.previewSize.value(), 34);
 }
 
 } // namespace

@@ -182,8 +182,8 @@ TEST(VisibleFamilies, DuplicatesShareAPostScriptName)
     twice.push_back(madeFace("Cour", "Mono", [](FontRecord &face) { face.family = "Autre"; }));
     MadeLibrary made(twice);
     std::vector<FontFamilyPointer> families;
-    for (FontFamily &family : duplicateFamilies(made.library.records))
-        families.push_back(std::make_shared<const FontFamily>(std::move(family)));
+    for (const FontFamily &family : made.library.duplicates)
+        families.push_back(std::make_shared<const FontFamily>(family));
     EXPECT_THAT(described(families), ElementsAre("Arial: Light Light", "Autre: Mono", "Cour: Mono"));
     EXPECT_THAT(made.visible({}, {Kind::duplicates}),
                 ElementsAre("Arial: Light Regular Black Light", "Autre: Mono", "Cour: Mono"));

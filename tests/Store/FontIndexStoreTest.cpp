@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <atomic>
 #include <functional>
 #include <thread>
@@ -108,6 +109,30 @@ TEST_F(FontIndexStoreTest, KeepsEveryFieldOfARecord)
     EXPECT_EQ(*loaded[0], sampleRecord("A"));
     EXPECT_EQ(*loaded[1], bare);
     EXPECT_EQ(loaded[2]->version, std::nullopt); // empty and absent are stored alike
+}
+
+TEST_F(FontIndexStoreTest, LoadsManyRecordsInTheirOrderOrNone)
+{
+    std::vector<FontRecordPointer> many;
+    for (int i = 0; i < 1000; ++i) {
+        FontRecord record = sampleRecord(std::to_string(i * 7919 % 1000));
+        record.designer = std::string(static_cast<std::size_t>(i), 'd');
+        many.push_back(std::make_shared<const FontRecord>(record));
+    }
+    many[0] = std::make_shared<const FontRecord>(sampleRecord("0")); // an empty text is none
+    for (const std::size_t count : {1U, 127U, 128U, 129U, 1000U}) {
+        open()->replaceAll(std::span(many).first(count));
+        const auto loaded = open()->loadAll();
+        ASSERT_EQ(loaded.size(), count);
+        for (std::size_t i = 0; i < count; ++i)
+            ASSERT_EQ(*loaded[i], *many[i]) << i;
+    }
+
+    std::string bytes = readFile(path());
+    ASSERT_GT(bytes.size(), 500'000U);
+    std::fill(bytes.begin() + 200'000, bytes.end(), '\xFF'); // behind the first pages of the tables
+    writeFile(path(), bytes);
+    EXPECT_THAT(open()->loadAll(), IsEmpty());
 }
 
 TEST_F(FontIndexStoreTest, WritesColumnsThatOtherProgramsRead)
@@ -381,17 +406,18 @@ TEST_F(FontIndexStoreTest, WritesManyFamiliesWhollyOrNotAtAll)
         data.tags[family] = {"t"};
 
     const auto store = open();
+    const std::string id = *store->createCollection("Vide");
+    const auto before = store->userData();
     for (const std::int64_t room : {20'000, 200'000}) { // some pages, and many
         disk.setRoom(room);
-        EXPECT_FALSE(store->addToCollection("1", many));
+        EXPECT_FALSE(store->addToCollection(id, many));
         EXPECT_FALSE(store->setTag("t", many, true));
         const auto restored = store->restore(data);
         ASSERT_FALSE(restored);
         EXPECT_EQ(restored.error().cause, FontIndexStore::StoreError::Cause::diskFull);
         EXPECT_EQ(restored.error().description(), "Écriture impossible : database or disk is full");
         disk.setRoom(FullDiskVfs::kUnlimited);
-        EXPECT_EQ(store->userData(), UserData{});
-        EXPECT_THAT(store->collectionMembers("1"), IsEmpty());
+        EXPECT_EQ(store->userData(), before);
     }
 
     // A step that fails for another reason leaves the transaction open.
@@ -399,7 +425,7 @@ TEST_F(FontIndexStoreTest, WritesManyFamiliesWhollyOrNotAtAll)
         sql(std::string("CREATE TRIGGER refuse_") + table + " BEFORE INSERT ON " + table +
             " WHEN new.family='Family 4999' BEGIN SELECT RAISE(FAIL,'non'); END");
     EXPECT_FALSE(store->setTag("t", many, true));
-    EXPECT_FALSE(store->addToCollection("1", many));
+    EXPECT_FALSE(store->addToCollection(id, many));
     const auto refused = store->restore(data);
     ASSERT_FALSE(refused);
     EXPECT_EQ(refused.error().description(), "Écriture impossible : non");

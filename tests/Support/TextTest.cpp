@@ -70,6 +70,8 @@ TEST(Text, FoldsCaseAndDiacriticsAway)
              {"\u1112\u1161\u11AB국", "한국"},
              {"ক\u09C7\u09BE", "ক\u09CB"}, // marks that take space compose
              {"a\xC3", "a\uFFFD"},
+             {"é\u0327漢É\u0301\u1112\u1161éx", "e漢e하ex"}, // Latin letters beside others
+             {"é\xC3", "e\uFFFD"},
              {"\xE9t\xE9 \xF8\x88", "\uFFFDt\uFFFD \uFFFD\uFFFD"},
          })
         EXPECT_EQ(folded(text), expected) << text;
