@@ -426,7 +426,10 @@ TEST_F(StateCommandsTest, KeepsWhatWasReportedDoneWhenKilledAtAnyMoment)
             _exit(127);
         }
         setpgid(shell, shell);
-        std::this_thread::sleep_for(std::chrono::milliseconds(60 + 7 * round));
+        const std::size_t before = readFile(done).size();
+        while (readFile(done).size() == before && waitpid(shell, nullptr, WNOHANG) == 0)
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        std::this_thread::sleep_for(std::chrono::microseconds(1'700 * round));
         kill(-shell, SIGKILL); // the loop and the command that it runs
         waitpid(shell, nullptr, 0);
     }
@@ -437,7 +440,7 @@ TEST_F(StateCommandsTest, KeepsWhatWasReportedDoneWhenKilledAtAnyMoment)
     std::size_t count = 0;
     for (std::string line; std::getline(lines, line); ++count)
         EXPECT_TRUE(tags.contains(line)) << line;
-    EXPECT_GT(count, 20U); // the test itself has to have written something
+    EXPECT_GE(count, 20U); // every round wrote something
 }
 
 } // namespace
