@@ -247,6 +247,11 @@ TEST_F(StateCommandsTest, TagsFamilies)
     fs::remove(fonts() / "family-9.ttf");
     EXPECT_EQ(run("tags remove Titres 'Essai 9'").status, 0);
     EXPECT_THAT(runJson("tags").at(0).at("families"), ElementsAre("Essai Plain"));
+
+    // Where case is all that tells two families apart, it counts.
+    offerAll({"family-9.ttf", "family-9-capitals.ttf"});
+    expect({{"tags add Deux 'essai 9'", 1, "Plusieurs familles s’appellent « essai 9 » à la casse près"}});
+    EXPECT_EQ(runJson("tags add Deux 'ESSAI 9'").at(0).at("families"), json{"ESSAI 9"});
 }
 
 TEST_F(StateCommandsTest, KeepsCollectionsFavoritesAndRecents)

@@ -225,6 +225,7 @@ SIMPLE: dict[str, tuple[str, dict[str, Any]]] = {
     "cmap-glyph0": ("Essai Nul", {"remap": {"A": ".notdef"}}),
     "family-10": ("Essai 10", {}),
     "family-9": ("Essai 9", {}),
+    "family-9-capitals": ("ESSAI 9", {}),
     "two-a": ("Essai Double", {"names": {5: "Version 1.000"}}),
     "two-b": ("Essai Double", {"names": {5: "Version 2.000"}}),
     "names-typographic": ("Essai Typo Cond Light", {
