@@ -11,9 +11,14 @@ tl::expected<void, std::string> writeFileAtomically(const std::filesystem::path 
     std::filesystem::create_directories(path.parent_path(), ignored);
 
     QSaveFile file(QFile::decodeName(path.c_str()));
-    const auto size = static_cast<qint64>(bytes.size());
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes.data(), size) != size || !file.flush() ||
-        !file.commit()) // commit() alone does not notice that bytes in its buffer found no room
+    bool isWritten = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+    while (isWritten && !bytes.empty()) { // only a write that takes nothing at all says why
+        const qint64 count = file.write(bytes.data(), static_cast<qint64>(bytes.size()));
+        isWritten = count > 0;
+        if (isWritten)
+            bytes.remove_prefix(static_cast<std::size_t>(count));
+    }
+    if (!isWritten || !file.commit())
         return tl::unexpected(file.errorString().toStdString());
     return {};
 }
