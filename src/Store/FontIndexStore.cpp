@@ -107,7 +107,7 @@ tl::expected<std::unique_ptr<FontIndexStore>, FontIndexStore::StoreError>
 FontIndexStore::open(const std::filesystem::path &path, Clock clock)
 {
     sqlite3 *connection = nullptr;
-    constexpr int kFlags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX;
+    constexpr int kFlags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_FULLMUTEX;
     const int result = sqlite3_open_v2(path.c_str(), &connection, kFlags, nullptr);
     std::unique_ptr<FontIndexStore> store(
         new FontIndexStore(Handle<sqlite3, sqlite3_close_v2>(connection), std::move(clock)));

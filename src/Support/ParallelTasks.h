@@ -10,7 +10,8 @@ namespace kerlune {
 // Tasks that run on other cores while their caller goes on. What the caller wrote before run() is seen by the task, and
 // what the tasks wrote by the caller after wait(). On a single core they run in wait().
 //
-// Thread: the one that made it. No task outlives it.
+// Thread: the one that made it. No task outlives it. wait() helps with what is to be done: inside a parallel loop that
+// may be a part of this loop.
 class ParallelTasks final {
 public:
     ParallelTasks() = default;
