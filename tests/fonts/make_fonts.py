@@ -13,6 +13,7 @@ from dataclasses import dataclass, field
 from pathlib import Path
 from typing import Any, Callable
 
+from fontTools.feaLib.builder import addOpenTypeFeaturesFromString
 from fontTools.fontBuilder import FontBuilder, buildCmapSubTable
 from fontTools.pens.ttGlyphPen import TTGlyphPen
 from fontTools.ttLib import TTCollection, TTFont, newTable
@@ -408,6 +409,13 @@ def composites(family: str, depth: int, follow: Callable[[int], bytes]) -> Table
     return without(tables, "OS/2")
 
 
+def growing_text() -> Tables:
+    font = opened(build("Essai Foule"))
+    rules = "".join(f"lookup l{i} {{ sub u0061 by {'u0061 ' * 10}; }} l{i};\n" for i in range(30))
+    addOpenTypeFeaturesFromString(font, f"feature ccmp {{ {rules} }} ccmp;")
+    return tables_of(font)
+
+
 def huge_offsets() -> bytes:
     """Four tables lie far outside; some of their ends wrap around."""
     ranges = {b"name": (0xFFFFFFF0, 0x20), b"OS/2": (0x100, 0xFFFFFFFF),
@@ -504,6 +512,7 @@ def table_sets() -> dict[str, Tables]:
         "composite-bomb": composites("Essai Bombe", 40, lambda g: composite(g + 1, g + 1)),
         "composite-deep": composites("Essai Puits", 70, lambda g: composite(g + 1)),
         "composite-loop": composites("Essai Boucle", 1, lambda g: composite(g, g)),
+        "gsub-bomb": growing_text(),
         "name-out-of-range": names_out_of_range(),
         "many-names": too_many_names(),
         "names-in-vain": names_in_vain(),
