@@ -14,7 +14,7 @@ using testing::IsEmpty;
 
 const char *const kSans = "truetype/dejavu/DejaVuSans.ttf"; // Latin, Hebrew, Arabic
 
-ShapedLine shapeWith(const std::string &path, std::string_view text, ShapingOptions options = {.size = 10})
+ShapedLine shapeWith(const std::string &path, std::string_view text, const ShapingOptions &options = {.size = 10})
 {
     return shape(openFace(path), text, options);
 }

@@ -339,6 +339,23 @@ def layered() -> Tables:
     return tables_of(builder.font)
 
 
+BOXES = {"A": box(0, 0, 900, 700), "B": box(0, 0, 300, 300), "C": box(200, 200, 500, 500), "D": box(600, 0, 700, 700),
+         "E": box(800, 600, 900, 700)}
+
+
+def colored_boxes() -> Tables:
+    builder = FontBuilder(font=opened(build("Essai Teintes", drawings=BOXES)))
+    builder.setupCOLR({"u0041": [("u0042", 0), ("u0043", 1), ("u0044", 0xFFFF), ("u0045", 9)]}, version=0)
+    builder.setupCPAL([[(1, 0, 0, 1), (0, 0, 1, 128 / 255)], [(0, 1, 1, 1), (1, 1, 1, 1)]])
+    return tables_of(builder.font)
+
+
+def overlapping() -> Tables:
+    tables = build("Essai Croise", drawings={"B": box(50, 0, 430, 700), "C": box(250, 0, 450, 700)})
+    glyph = 1 + LATIN.index("I")
+    return with_glyphs(tables, {glyph: composite(1 + LATIN.index("B"), 1 + LATIN.index("C"))})
+
+
 def vector_documents() -> Tables:
     font = opened(build("Essai Vecteurs"))
     font["SVG "] = newTable("SVG ")
@@ -503,6 +520,8 @@ def table_sets() -> dict[str, Tables]:
         "mono-panose": patched(build("Essai Fixe", advance=600), "OS/2", 35, b"\x09"),
         "variable": variable(),
         "color-colr": layered(),
+        "colr-layers": colored_boxes(),
+        "overlap": overlapping(),
         "color-svg": vector_documents(),
         "color-cbdt": bitmap_strikes(),
         "color-sbix": bitmap_images(),
