@@ -10,6 +10,7 @@
 #include <unicode/utf8.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <optional>
 #include <utility>
@@ -20,6 +21,9 @@ namespace {
 
 constexpr double kMostSize = 100'000;
 constexpr int kUnitsPerFontUnit = 64; // variations keep their fractions
+
+// Not Graphite, whose programs in the font cannot be interrupted, and which loses memory with broken fonts.
+constexpr std::array<const char *, 3> kShapers{"ot", "fallback", nullptr};
 
 struct Characters {
     std::vector<std::uint32_t> codes;
@@ -230,7 +234,8 @@ public:
         hb_buffer_set_language(buffer, m_language);
         hb_buffer_set_flags(buffer, static_cast<hb_buffer_flags_t>(HB_BUFFER_FLAG_BOT | HB_BUFFER_FLAG_EOT));
         hb_buffer_set_message_func(buffer, goesOn, &m_stopwatch, nullptr);
-        hb_shape(m_font.get(), buffer, m_features.data(), static_cast<unsigned>(m_features.size()));
+        hb_shape_full(m_font.get(), buffer, m_features.data(), static_cast<unsigned>(m_features.size()),
+                      kShapers.data());
         return hb_buffer_allocation_successful(buffer) != 0 && m_stopwatch.elapsed() < kMostTimeForLine &&
                m_line.glyphs.size() + hb_buffer_get_length(buffer) <= kMostGlyphsOfLine && (take(), true);
     }

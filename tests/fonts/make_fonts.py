@@ -532,6 +532,7 @@ def table_sets() -> dict[str, Tables]:
         "composite-deep": composites("Essai Puits", 70, lambda g: composite(g + 1)),
         "composite-loop": composites("Essai Boucle", 1, lambda g: composite(g, g)),
         "gsub-bomb": growing_text(),
+        "graphite-broken": plain() | {"Silf": struct.pack(">2I", 0x00030000, 0xFFFFFFFF)},
         "name-out-of-range": names_out_of_range(),
         "many-names": too_many_names(),
         "names-in-vain": names_in_vain(),
