@@ -66,6 +66,10 @@ private:
         m_ink = GlyphInk::Inked;
         const auto pixels = m_image.row(static_cast<std::uint32_t>(row))
                                 .subspan(static_cast<std::size_t>(left), static_cast<std::size_t>(length));
+        if (source >> 24 == 255) {
+            std::fill(pixels.begin(), pixels.end(), source);
+            return;
+        }
         for (Pixel &pixel : pixels)
             pixel = over(source, pixel);
     }
@@ -112,17 +116,22 @@ struct LineDrawing::Implementation {
         return box ? box : outlines->boundingBox(glyph, map);
     }
 
-    GlyphInk drawLayers(std::uint32_t glyph, const Affine &map, const Color &textColor, Brush &brush) const
+    GlyphInk drawLayers(std::uint32_t glyph, const Affine &map, const Color &textColor, Brush &brush,
+                        const CpuStopwatch &stopwatch) const
     {
         GlyphInk ink = GlyphInk::NoForm;
-        for (const Layer &layer : layers(glyph))
+        for (const Layer &layer : layers(glyph)) {
+            if (stopwatch.elapsed() > kMostTime)
+                break;
             ink = std::max(ink, brush.fill(layer.glyph, map, palette.color(layer.colorIndex, textColor)));
+        }
         return ink;
     }
 
-    GlyphInk draw(std::uint32_t glyph, const Affine &map, const Color &textColor, Brush &brush, ColorImage &image) const
+    GlyphInk draw(std::uint32_t glyph, const Affine &map, const Color &textColor, Brush &brush, ColorImage &image,
+                  const CpuStopwatch &stopwatch) const
     {
-        GlyphInk ink = drawLayers(glyph, map, textColor, brush);
+        GlyphInk ink = drawLayers(glyph, map, textColor, brush, stopwatch);
         if (ink == GlyphInk::NoForm)
             ink = bitmaps.draw(glyph, map, image);
         return ink == GlyphInk::NoForm ? brush.fill(glyph, map, textColor) : ink;
@@ -176,10 +185,10 @@ LineDrawing::Outcome LineDrawing::draw(const ShapedLine &line, const LinePlaceme
     Brush brush(*m_implementation->outlines, image);
     auto ink = GlyphInk::NoForm;
     for (const ShapedGlyph &glyph : line.glyphs) {
+        const Affine map = glyphMap(glyph, line, placement, face().unitsPerEm());
+        ink = std::max(ink, m_implementation->draw(glyph.glyph, map, textColor, brush, image, stopwatch));
         if (stopwatch.elapsed() > kMostTime)
             return Outcome::TooCostly;
-        const Affine map = glyphMap(glyph, line, placement, face().unitsPerEm());
-        ink = std::max(ink, m_implementation->draw(glyph.glyph, map, textColor, brush, image));
     }
     return ink == GlyphInk::Inked ? Outcome::Inked : Outcome::NoInk;
 }
