@@ -17,21 +17,6 @@ struct Affine {
     double dy = 0;
 
     Point operator()(const Point &p) const { return {xx * p.x + xy * p.y + dx, yx * p.x + yy * p.y + dy}; }
-
-    // First the other, then this.
-    Affine operator*(const Affine &other) const
-    {
-        return {xx * other.xx + xy * other.yx, xx * other.xy + xy * other.yy, xx * other.dx + xy * other.dy + dx,
-                yx * other.xx + yy * other.yx, yx * other.xy + yy * other.yy, yx * other.dx + yy * other.dy + dy};
-    }
-
-    double determinant() const { return xx * yy - xy * yx; }
-
-    Affine inverse() const // the determinant must not be 0
-    {
-        const double d = determinant();
-        return {yy / d, -xy / d, (xy * dy - yy * dx) / d, -yx / d, xx / d, (yx * dx - xx * dy) / d};
-    }
 };
 
 } // namespace kerlune

@@ -19,8 +19,8 @@ struct LinePlacement {
 };
 
 // Draws shaped lines of one face: unhinted outlines in the text's colour, or the glyph's own colours where it has some
-// (OpenType 'COLR' with the first palette of 'CPAL', 'CBDT', 'sbix'). A glyph whose own colours cannot be drawn, such
-// as one of 'SVG ', is drawn by its outline; beside 'CBDT' FreeType offers no outlines.
+// (OpenType 'COLR' version 0 with the first palette of 'CPAL', 'CBDT', 'sbix'). A glyph whose own colours cannot be
+// drawn, such as one of 'SVG ' or of 'COLR' version 1, is drawn by its outline; beside 'CBDT' FreeType offers none.
 //
 // The face is opened once, for lines of any size and place in the design space; the glyphs last used are kept.
 // Thread: one at a time, and the face's.
@@ -39,8 +39,8 @@ public:
 
     const FontFace &face() const;
 
-    // What draw() inks, wherever the image ends: exact for outlines, whole pixels for pictures; for a graph of paints
-    // what its fills can reach. Absent when the line has no ink or takes too long.
+    // What draw() inks, wherever the image ends: exact for outlines, whole pixels for pictures. Absent when the line has
+    // no ink or takes too long.
     std::optional<PixelBox> inkBox(const ShapedLine &line, const LinePlacement &placement);
 
     // Draws over what the image holds.
