@@ -39,8 +39,8 @@ public:
 
     const FontFace &face() const;
 
-    // What draw() inks, wherever the image ends: exact for outlines, whole pixels for pictures. Absent when the line has
-    // no ink or takes too long.
+    // What draw() inks, wherever the image ends: exact for outlines, whole pixels for pictures. Absent when the line
+    // has no ink or takes too long.
     std::optional<PixelBox> inkBox(const ShapedLine &line, const LinePlacement &placement);
 
     // Draws over what the image holds.
