@@ -6,6 +6,7 @@
 #include <ft2build.h>
 #include FT_FREETYPE_H
 #include FT_MODULE_H
+#include FT_PARAMETER_TAGS_H
 #include FT_TRUETYPE_TABLES_H
 
 #include <algorithm>
@@ -95,7 +96,7 @@ FreeTypeFace::FreeTypeFace(std::unique_ptr<Implementation> implementation)
 FreeTypeFace::~FreeTypeFace() = default;
 
 tl::expected<std::unique_ptr<FreeTypeFace>, FontError> FreeTypeFace::open(std::shared_ptr<const FontFile> file,
-                                                                          std::uint32_t faceIndex)
+                                                                          std::uint32_t faceIndex, Offer offer)
 {
     if (faceIndex > 0xFFFF) // the upper bits would name an instance
         return tl::unexpected(FontError::NoSuchFace);
@@ -112,6 +113,12 @@ tl::expected<std::unique_ptr<FreeTypeFace>, FontError> FreeTypeFace::open(std::s
     FT_Open_Args arguments{};
     arguments.flags = FT_OPEN_STREAM;
     arguments.stream = &parts->stream;
+    FT_Parameter ignoreSbix{FT_PARAM_TAG_IGNORE_SBIX, nullptr};
+    if (offer == Offer::Outlines) {
+        arguments.flags |= FT_OPEN_PARAMS;
+        arguments.num_params = 1;
+        arguments.params = &ignoreSbix;
+    }
     FT_Face face = nullptr;
     if (const FT_Error error = FT_Open_Face(library, &arguments, static_cast<FT_Long>(faceIndex), &face); error != 0)
         return tl::unexpected(errorForFreeType(error));

@@ -17,8 +17,11 @@ namespace kerlune {
 // Thread: one at a time.
 class FreeTypeFace final {
 public:
-    static tl::expected<std::unique_ptr<FreeTypeFace>, FontError> open(std::shared_ptr<const FontFile> file,
-                                                                       std::uint32_t faceIndex);
+    // FreeType offers either the pictures of a face with 'sbix' or its outlines.
+    enum class Offer { Pictures, Outlines };
+
+    static tl::expected<std::unique_ptr<FreeTypeFace>, FontError>
+    open(std::shared_ptr<const FontFile> file, std::uint32_t faceIndex, Offer offer = Offer::Pictures);
     ~FreeTypeFace();
     FreeTypeFace(const FreeTypeFace &) = delete;
     FreeTypeFace &operator=(const FreeTypeFace &) = delete;

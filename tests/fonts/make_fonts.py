@@ -13,6 +13,7 @@ from dataclasses import dataclass, field
 from pathlib import Path
 from typing import Any, Callable
 
+from fontTools.feaLib.builder import addOpenTypeFeaturesFromString
 from fontTools.fontBuilder import FontBuilder, buildCmapSubTable
 from fontTools.pens.ttGlyphPen import TTGlyphPen
 from fontTools.ttLib import TTCollection, TTFont, newTable
@@ -340,6 +341,23 @@ def layered() -> Tables:
     return tables_of(builder.font)
 
 
+BOXES = {"A": box(0, 0, 900, 700), "B": box(0, 0, 300, 300), "C": box(200, 200, 500, 500), "D": box(600, 0, 700, 700),
+         "E": box(800, 600, 900, 700)}
+
+
+def colored_boxes() -> Tables:
+    builder = FontBuilder(font=opened(build("Essai Teintes", drawings=BOXES)))
+    builder.setupCOLR({"u0041": [("u0042", 0), ("u0043", 1), ("u0044", 0xFFFF), ("u0045", 9)]}, version=0)
+    builder.setupCPAL([[(1, 0, 0, 1), (0, 0, 1, 128 / 255)], [(0, 1, 1, 1), (1, 1, 1, 1)]])
+    return tables_of(builder.font)
+
+
+def overlapping() -> Tables:
+    tables = build("Essai Croise", drawings={"B": box(50, 0, 430, 700), "C": box(250, 0, 450, 700)})
+    glyph = 1 + LATIN.index("I")
+    return with_glyphs(tables, {glyph: composite(1 + LATIN.index("B"), 1 + LATIN.index("C"))})
+
+
 def vector_documents() -> Tables:
     font = opened(build("Essai Vecteurs"))
     font["SVG "] = newTable("SVG ")
@@ -408,6 +426,13 @@ def composites(family: str, depth: int, follow: Callable[[int], bytes]) -> Table
                          | {first + depth: b""})
     tables = patched(tables, "maxp", 28, struct.pack(">2H", 2, depth + 1))
     return without(tables, "OS/2")
+
+
+def growing_text() -> Tables:
+    font = opened(build("Essai Foule"))
+    rules = "".join(f"lookup l{i} {{ sub u0061 by {'u0061 ' * 10}; }} l{i};\n" for i in range(30))
+    addOpenTypeFeaturesFromString(font, f"feature ccmp {{ {rules} }} ccmp;")
+    return tables_of(font)
 
 
 def huge_offsets() -> bytes:
@@ -497,6 +522,8 @@ def table_sets() -> dict[str, Tables]:
         "mono-panose": patched(build("Essai Fixe", advance=600), "OS/2", 35, b"\x09"),
         "variable": variable(),
         "color-colr": layered(),
+        "colr-layers": colored_boxes(),
+        "overlap": overlapping(),
         "color-svg": vector_documents(),
         "color-cbdt": bitmap_strikes(),
         "color-sbix": bitmap_images(),
@@ -506,6 +533,8 @@ def table_sets() -> dict[str, Tables]:
         "composite-bomb": composites("Essai Bombe", 40, lambda g: composite(g + 1, g + 1)),
         "composite-deep": composites("Essai Puits", 70, lambda g: composite(g + 1)),
         "composite-loop": composites("Essai Boucle", 1, lambda g: composite(g, g)),
+        "gsub-bomb": growing_text(),
+        "graphite-broken": plain() | {"Silf": struct.pack(">2I", 0x00030000, 0xFFFFFFFF)},
         "name-out-of-range": names_out_of_range(),
         "many-names": too_many_names(),
         "names-in-vain": names_in_vain(),
