@@ -119,8 +119,8 @@ public:
 
     // All that the user made, as it is at one moment. Absent when a part of it cannot be read.
     std::optional<UserData> userData();
-    // Adds what the data hold to what is there, whole or not at all; nothing that is there is lost. A favourite that is
-    // there keeps its date and a recently used family the later one. A collection or smart collection whose id is there
+    // Adds what the data hold to what is there, whole or not at all. A favourite that is there keeps
+    // its date and a recently used family the later one. A collection or smart collection whose id is there
     // takes the name of the data, its families in addition or its filters, and keeps its date.
     tl::expected<void, StoreError> restore(const UserData &data);
 
