@@ -1,5 +1,5 @@
 find_package(PkgConfig REQUIRED)
-find_package(Qt6 6.4 REQUIRED COMPONENTS Concurrent Core)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Concurrent Core DBus LinguistTools Network Svg Test Widgets)
 find_package(QCoro6 REQUIRED COMPONENTS Core)
 find_package(OpenSSL 3.0 REQUIRED COMPONENTS Crypto)
 find_package(ICU REQUIRED COMPONENTS i18n uc)
