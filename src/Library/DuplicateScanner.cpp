@@ -132,7 +132,7 @@ std::vector<FileEntry> readAll(const std::vector<FileEntry> &files, const Progre
                                std::vector<std::string> &broken)
 {
     std::vector<std::optional<FileEntry>> read(files.size());
-    Counter counter("Lecture %1 / %2", files.size(), onProgress);
+    Counter counter(marked("Lecture %1 / %2"), files.size(), onProgress);
     parallelForRanges(files.size(), [&](std::size_t first, std::size_t last) {
         for (std::size_t i = first; i < last; ++i) {
             read[i] = DuplicateScanner::read(files[i].path);
@@ -154,7 +154,7 @@ ContentDigests digestsOf(const std::vector<FileEntry> &entries, const Progress &
 {
     ContentDigests digests(entries.size());
     const std::vector<std::size_t> candidates = sharingTheirSize(entries);
-    Counter counter("Empreintes %1 / %2", candidates.size(), onProgress);
+    Counter counter(marked("Empreintes %1 / %2"), candidates.size(), onProgress);
     parallelForRanges(candidates.size(), [&](std::size_t first, std::size_t last) {
         const auto buffer = std::make_unique_for_overwrite<std::uint8_t[]>(kChunk);
         for (std::size_t i = first; i < last; ++i) {

@@ -131,6 +131,12 @@ std::optional<WatchedFolder> FolderLibrary::folderContaining(const std::string &
     return found == folders().end() ? std::nullopt : std::optional(*found);
 }
 
+bool FolderLibrary::isInFolder(const std::string &path) const
+{
+    return std::any_of(folders().begin(), folders().end(),
+                       [&](const WatchedFolder &folder) { return isBelow(path, folder.path); });
+}
+
 auto FolderLibrary::add(fs::path path) -> QCoro::Task<tl::expected<std::int64_t, AddError>>
 {
     const QPointer<FolderLibrary> self(this);

@@ -70,6 +70,7 @@ public:
 
     std::optional<WatchedFolder> folder(const std::string &id) const;
     std::optional<WatchedFolder> folderContaining(const std::string &path) const; // the first one around the path
+    bool isInFolder(const std::string &path) const;
 
     // What stands in the list cannot be understood. It stays until the next change, and a copy of it after that.
     bool isListUnreadable() const { return m_isListUnreadable; }

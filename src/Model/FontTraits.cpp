@@ -40,7 +40,7 @@ double widthClassOfPercentage(double percentage)
     return static_cast<double>(kPercentages.size());
 }
 
-// Degrees, positive leaning right. OpenType 'post' italicAngle (16.16, at 4) and the axis slnt count the other way.
+// OpenType 'post' italicAngle (16.16, at 4) and the axis slnt count positive degrees to the left.
 double slantAngle(const FontFace &face, ByteView post)
 {
     if (const auto slant = coordinate(face, tag("slnt")))
@@ -64,6 +64,11 @@ std::uint32_t styleBits(const FontFace &face, ByteView os2)
 }
 
 } // namespace
+
+double slantAngle(const FontFace &face)
+{
+    return slantAngle(face, face.tables().read(tag("post"), 16));
+}
 
 FontTraits readTraits(const FontFace &face, const SFNTReader::OS2Info &os2Info)
 {

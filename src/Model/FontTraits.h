@@ -23,6 +23,11 @@ struct FontTraits {
     std::uint32_t symbolic = 0;
 };
 
+// Degrees, positive leaning right: of the axis slnt for a named instance that has it, else of OpenType 'post',
+// italicAngle.
+// Thread: the face's.
+double slantAngle(const FontFace &face);
+
 // From the tables of the face and, for a named instance, from its coordinates.
 // Thread: the face's.
 FontTraits readTraits(const FontFace &face, const SFNTReader::OS2Info &os2);

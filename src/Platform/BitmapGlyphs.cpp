@@ -16,8 +16,6 @@ namespace kerlune {
 
 namespace {
 
-constexpr double kFurthestPixel = 100'000;
-
 // One dimension of a picture on the image.
 struct Stretch {
     double start; // pixels of the image

@@ -15,6 +15,7 @@ namespace {
 
 constexpr std::size_t kMostSubtableBytes = 16U << 20;
 constexpr std::size_t kMostEncodingRecords = 4096;
+constexpr std::uint64_t kCodePoints = 0x110000;
 
 struct EncodingRecord {
     std::uint16_t platform;
@@ -136,18 +137,24 @@ std::uint32_t CharacterMap::lookUp(std::uint32_t code) const
 
 std::uint32_t CharacterMap::lookUpRanges(std::uint32_t code) const
 {
-    const auto ordered = [this](std::size_t i) { return m_order.empty() ? i : m_order[i]; };
     std::size_t first = 0;
     for (std::size_t remaining = m_count; remaining > 0;) {
         const std::size_t half = remaining / 2;
-        if (rangeEnd(ordered(first + half)) < code) {
+        if (rangeEnd(rangeInOrder(first + half)) < code) {
             first += half + 1;
             remaining -= half + 1;
         } else {
             remaining = half;
         }
     }
-    return first < m_count ? glyphInRange(ordered(first), code) : 0;
+    return first < m_count ? glyphInRange(rangeInOrder(first), code) : 0;
+}
+
+std::uint32_t CharacterMap::rangeStart(std::size_t range) const
+{
+    if (m_format == 4) // startCode, behind the end codes and two bytes of padding
+        return readU16(m_subtable, 16 + 2 * m_count + 2 * range).value_or(0);
+    return readU32(m_subtable, 16 + 12 * range).value_or(0);
 }
 
 std::uint32_t CharacterMap::rangeEnd(std::size_t range) const
@@ -192,6 +199,61 @@ std::uint32_t CharacterMap::glyphInGroup(std::size_t group, std::uint32_t code) 
     if (!glyph || code < *start || code > *end)
         return 0;
     return m_format == 13 ? *glyph : *glyph + (code - *start);
+}
+
+std::vector<CharacterMap::Entry> CharacterMap::entries() const
+{
+    std::vector<Entry> entries;
+    if (m_encoding == Encoding::MacRoman) {
+        for (char32_t character = 0; character <= 0xFFFF; ++character) {
+            if (const std::uint32_t mapped = glyph(character); mapped != 0)
+                entries.push_back({character, mapped});
+        }
+        return entries;
+    }
+    visitCodes([&entries](std::uint32_t code, std::uint32_t mapped) {
+        const bool isSurrogate = code >= 0xD800 && code <= 0xDFFF;
+        if (mapped != 0 && !isSurrogate)
+            entries.push_back({code, mapped});
+    });
+    return entries;
+}
+
+template <typename Visit>
+void CharacterMap::visitCodes(Visit visit) const
+{
+    std::uint64_t first = 0;
+    std::uint64_t count = 0;
+    if (m_format == 0) {
+        count = 256;
+    } else if (m_format == 6) {
+        first = readU16(m_subtable, 6).value_or(0);
+        count = readU16(m_subtable, 8).value_or(0);
+    } else if (m_format == 10) {
+        first = readU32(m_subtable, 12).value_or(0);
+        count = readU32(m_subtable, 16).value_or(0);
+    } else {
+        return visitRanges(visit);
+    }
+    const std::uint64_t last = std::min<std::uint64_t>(first + count, kCodePoints);
+    for (std::uint64_t code = first; code < last; ++code)
+        visit(static_cast<std::uint32_t>(code), lookUp(static_cast<std::uint32_t>(code)));
+}
+
+// Ranges may overlap: as in a look-up, a code belongs to the first range that ends at it or behind it. So every code is
+// visited once at most, whatever the table says.
+template <typename Visit>
+void CharacterMap::visitRanges(Visit visit) const
+{
+    std::uint64_t next = 0;
+    for (std::size_t position = 0; position < m_count && next < kCodePoints; ++position) {
+        const std::size_t range = rangeInOrder(position);
+        const std::uint64_t end = rangeEnd(range);
+        const std::uint64_t last = std::min<std::uint64_t>(end, kCodePoints - 1);
+        for (std::uint64_t code = std::max<std::uint64_t>(next, rangeStart(range)); code <= last; ++code)
+            visit(static_cast<std::uint32_t>(code), glyphInRange(range, static_cast<std::uint32_t>(code)));
+        next = std::max(next, end + 1);
+    }
 }
 
 void CharacterMap::sortRanges()

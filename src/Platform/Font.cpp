@@ -5,6 +5,7 @@
 
 #include <ft2build.h>
 #include FT_FREETYPE_H
+#include FT_ADVANCES_H
 #include FT_BBOX_H
 #include FT_MULTIPLE_MASTERS_H
 #include FT_OUTLINE_H
@@ -16,9 +17,6 @@
 namespace kerlune {
 
 namespace {
-
-constexpr double kUnitsPerFontUnit = 64;   // outlines are loaded at one pixel to the font unit, in 26.6
-constexpr double kFurthestPixel = 100'000; // beyond it FreeType's rasteriser would overflow
 
 void selectInstance(FT_Face face, const std::vector<AxisValue> &coordinates)
 {
@@ -56,11 +54,28 @@ Font::~Font() = default;
 
 bool Font::loadOutline(std::uint32_t glyph) const
 {
+    if (m_loaded == glyph)
+        return true;
+    m_loaded.reset();
     FT_Face face = m_freeType->face();
     constexpr FT_Int32 kOutlineOnly = FT_LOAD_NO_HINTING | FT_LOAD_NO_BITMAP | FT_LOAD_IGNORE_TRANSFORM;
-    return FT_IS_SCALABLE(face) && isComposable(m_face->tables(), glyph) &&
-           FT_Load_Glyph(face, glyph, kOutlineOnly) == 0 && face->glyph->format == FT_GLYPH_FORMAT_OUTLINE &&
-           face->glyph->outline.n_points > 0;
+    const bool isLoaded = FT_IS_SCALABLE(face) && isComposable(m_face->tables(), glyph) &&
+                          FT_Load_Glyph(face, glyph, kOutlineOnly) == 0 &&
+                          face->glyph->format == FT_GLYPH_FORMAT_OUTLINE && face->glyph->outline.n_points > 0;
+    if (isLoaded)
+        m_loaded = glyph;
+    return isLoaded;
+}
+
+double Font::advance(std::uint32_t glyph) const
+{
+    FT_Face face = m_freeType->face();
+    constexpr FT_Int32 kInFontUnits = FT_LOAD_NO_SCALE;
+    m_loaded.reset(); // FreeType may load the glyph for it
+    FT_Fixed advance = 0;
+    if (!FT_IS_SCALABLE(face) || FT_Get_Advance(face, glyph, kInFontUnits, &advance) != 0)
+        return 0;
+    return static_cast<double>(advance) * m_size / m_face->unitsPerEm();
 }
 
 std::optional<GlyphBox> Font::boundingBox(std::uint32_t glyph) const
@@ -68,7 +83,7 @@ std::optional<GlyphBox> Font::boundingBox(std::uint32_t glyph) const
     FT_BBox box{};
     if (!loadOutline(glyph) || FT_Outline_Get_BBox(&m_freeType->face()->glyph->outline, &box) != 0)
         return std::nullopt;
-    const double points = m_size / m_face->unitsPerEm() / kUnitsPerFontUnit;
+    const double points = m_size / m_face->unitsPerEm() / kOutlineUnitsPerFontUnit;
     return GlyphBox{static_cast<double>(box.xMin) * points, static_cast<double>(box.yMin) * points,
                     static_cast<double>(box.xMax - box.xMin) * points,
                     static_cast<double>(box.yMax - box.yMin) * points};
@@ -78,15 +93,17 @@ bool Font::draw(std::uint32_t glyph, const GlyphPlacement &placement, CoverageIm
 {
     if (!loadOutline(glyph))
         return false;
-    FT_Outline &outline = m_freeType->face()->glyph->outline;
-    const double scale = placement.scale * m_size / m_face->unitsPerEm() / kUnitsPerFontUnit;
+    FT_Outline outline = m_freeType->face()->glyph->outline; // with points of its own: the slot keeps the glyph
+    std::vector<FT_Vector> points(outline.points, outline.points + outline.n_points);
+    outline.points = points.data();
+    const double scale = placement.scale * m_size / m_face->unitsPerEm() / kOutlineUnitsPerFontUnit;
     const auto place = [scale](FT_Pos position, double offset) {
         const double pixels =
             std::clamp(static_cast<double>(position) * scale + offset, -kFurthestPixel, kFurthestPixel);
         return static_cast<FT_Pos>(std::lround(pixels * 64)); // 26.6
     };
-    for (short i = 0; i < outline.n_points; ++i)
-        outline.points[i] = {place(outline.points[i].x, placement.x), place(outline.points[i].y, placement.y)};
+    for (FT_Vector &point : points)
+        point = {place(point.x, placement.x), place(point.y, placement.y)};
 
     FT_Bitmap bitmap{};
     bitmap.width = image.width();

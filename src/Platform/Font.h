@@ -40,17 +40,19 @@ public:
 
     std::uint32_t glyph(char32_t character) const { return m_characters.glyph(character); } // 0 when it is missing
     std::optional<GlyphBox> boundingBox(std::uint32_t glyph) const; // exact, not of the control points
+    double advance(std::uint32_t glyph) const;                      // in points; 0 when the font tells none
     // Draws the outline on an empty image; false when there is nothing to draw.
     bool draw(std::uint32_t glyph, const GlyphPlacement &placement, CoverageImage &image) const;
 
 private:
     Font(std::shared_ptr<const FontFace> face, double size, std::unique_ptr<FreeTypeFace> freeType);
-    bool loadOutline(std::uint32_t glyph) const;
+    bool loadOutline(std::uint32_t glyph) const; // stays in FreeType's glyph slot until the next one
 
     std::shared_ptr<const FontFace> m_face;
     double m_size;
     CharacterMap m_characters;
     std::unique_ptr<FreeTypeFace> m_freeType;
+    mutable std::optional<std::uint32_t> m_loaded; // the glyph in the slot
 };
 
 } // namespace kerlune

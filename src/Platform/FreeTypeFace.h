@@ -12,6 +12,9 @@ struct FT_LibraryRec_;
 
 namespace kerlune {
 
+// Of outlines that are loaded at one pixel to the font unit: FreeType's 26.6.
+constexpr double kOutlineUnitsPerFontUnit = 64;
+
 // One face opened by FreeType over our own reading of the file (never its mapping), with a FreeType library of its own.
 //
 // Thread: one at a time.

@@ -19,9 +19,7 @@ namespace kerlune {
 
 namespace {
 
-constexpr double kUnitsPerFontUnit = 64;   // outlines are loaded at one pixel to the font unit, in 26.6
-constexpr double kUnitsPerPixel = 64;      // FreeType's 26.6
-constexpr double kFurthestPixel = 100'000; // beyond it FreeType's rasteriser would overflow
+constexpr double kUnitsPerPixel = 64; // FreeType's 26.6
 constexpr std::size_t kMostKeptPoints = 100'000;
 
 void passSpans(int y, int count, const FT_Span *spans, void *sink)
@@ -187,8 +185,8 @@ GlyphOutlines::Outline *GlyphOutlines::mapped(std::uint32_t glyph, const Affine 
     Outline &mapped = m_outlines->mapped;
     mapped = *own;
     for (FT_Vector &point : mapped.points) {
-        const Point pixel =
-            map({static_cast<double>(point.x) / kUnitsPerFontUnit, static_cast<double>(point.y) / kUnitsPerFontUnit});
+        const Point pixel = map({static_cast<double>(point.x) / kOutlineUnitsPerFontUnit,
+                                 static_cast<double>(point.y) / kOutlineUnitsPerFontUnit});
         point = {inFreeTypeUnits(pixel.x), inFreeTypeUnits(-pixel.y)};
     }
     return &mapped;

@@ -234,21 +234,41 @@ void FontIndexStore::saveFingerprints(const std::unordered_map<std::string, Vect
 
 std::unordered_map<std::string, FontIndexStore::Vector> FontIndexStore::loadFingerprints()
 {
+    std::unordered_map<std::string, Vector> vectors;
+    const bool isComplete = readFingerprints([&](const std::string &name, std::span<const std::uint8_t> blob) {
+        Vector vector(blob.size() / sizeof(float));
+        if (!blob.empty())
+            std::memcpy(vector.data(), blob.data(), blob.size());
+        vectors.insert_or_assign(name, std::move(vector));
+    });
+    return isComplete ? vectors : std::unordered_map<std::string, Vector>();
+}
+
+std::int64_t FontIndexStore::fingerprintCount()
+{
     return m_queue.sync([&] {
-        std::unordered_map<std::string, Vector> vectors;
+        Statement select(m_db.get(), "SELECT COUNT(*) FROM fingerprints;");
+        return select.nextRow() ? select.integer(0) : 0;
+    });
+}
+
+std::unordered_set<std::string> FontIndexStore::fingerprintNames()
+{
+    const auto names = m_queue.sync([&] { return firstColumn("SELECT ps_name FROM fingerprints;"); });
+    return {names.begin(), names.end()};
+}
+
+bool FontIndexStore::readFingerprints(
+    const std::function<void(const std::string &postScriptName, std::span<const std::uint8_t> vector)> &take)
+{
+    return m_queue.sync([&] {
         Statement select(m_db.get(), "SELECT ps_name, vector FROM fingerprints;");
         while (select.nextRow()) {
             const auto blob = select.blob(1);
-            if (select.isNull(0) || select.isNull(1) || blob.size() % sizeof(float) != 0)
-                continue;
-            Vector vector(blob.size() / sizeof(float));
-            if (!blob.empty())
-                std::memcpy(vector.data(), blob.data(), blob.size());
-            vectors.insert_or_assign(select.text(0), std::move(vector));
+            if (!select.isNull(0) && !select.isNull(1) && blob.size() % sizeof(float) == 0)
+                take(select.text(0), blob);
         }
-        if (!select.isComplete())
-            vectors.clear();
-        return vectors;
+        return select.isComplete();
     });
 }
 
@@ -268,6 +288,21 @@ bool FontIndexStore::setFavorite(const std::string &family, bool on)
                : run("DELETE FROM favorites WHERE family=?;", {family});
         return written.has_value();
     });
+}
+
+bool FontIndexStore::setFavorites(std::span<const std::string> families, bool on)
+{
+    const double now = m_clock();
+    const auto writeRows = [&]() -> Written {
+        for (const std::string &family : families) {
+            Written written = on ? run("INSERT OR IGNORE INTO favorites(family,added) VALUES(?,?);", {family}, {now})
+                                 : run("DELETE FROM favorites WHERE family=?;", {family});
+            if (!written)
+                return written;
+        }
+        return {};
+    };
+    return m_queue.sync([&] { return transact(writeRows).has_value(); });
 }
 
 bool FontIndexStore::noteRecent(const std::string &family)

@@ -16,6 +16,7 @@
 #include <span>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 struct sqlite3;
@@ -86,10 +87,16 @@ public:
     // Fingerprints by PostScript name. Saving keeps those of other faces.
     void saveFingerprints(const std::unordered_map<std::string, Vector> &vectors);
     std::unordered_map<std::string, Vector> loadFingerprints();
+    std::int64_t fingerprintCount();
+    std::unordered_set<std::string> fingerprintNames(); // PostScript names
+    // Hands over each as it is stored: 32-bit little-endian floats. False when they did not all come.
+    bool readFingerprints(
+        const std::function<void(const std::string &postScriptName, std::span<const std::uint8_t> vector)> &take);
 
     // Favourite and recently used families.
     std::set<std::string> favorites();
     bool setFavorite(const std::string &family, bool on);
+    bool setFavorites(std::span<const std::string> families, bool on); // all or none
     bool noteRecent(const std::string &family);  // later than all others, even where the clock went back
     std::vector<std::string> recents(int limit); // most recent first
 

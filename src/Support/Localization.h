@@ -21,6 +21,12 @@ std::string localized(const char *french, std::initializer_list<std::string_view
 // translation key (with numerus forms).
 std::string localizedCount(const char *singular, const char *plural, std::int64_t count);
 
+// Marks a text for translation that localized() is given later, such as one in a table.
+constexpr const char *marked(const char *french)
+{
+    return french;
+}
+
 // A whole number for display, in groups of three parted by narrow no-break spaces: 12 480.
 std::string groupedDigits(std::int64_t number);
 
