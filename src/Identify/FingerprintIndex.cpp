@@ -1,0 +1,200 @@
+#include "Identify/FingerprintIndex.h"
+
+#include "Model/ScriptCoverage.h"
+#include "Support/ParallelFor.h"
+
+#include <QCoroFuture>
+#include <QPointer>
+#include <QtConcurrentRun>
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <optional>
+#include <string_view>
+
+// A future is always named before it is awaited; see docs/decisions/0003-futures-are-named.md.
+
+namespace kerlune {
+
+namespace {
+
+// Faces whose Latin is often a generic one.
+constexpr std::array<std::string_view, 19> kNonLatinScripts{
+    "arabic", "hebrew",  "devanagari", "thai",     "japanese", "korean", "chinese", "tamil", "bengali", "gujarati",
+    "telugu", "kannada", "malayalam",  "gurmukhi", "sinhala",  "oriya",  "myanmar", "lao",   "khmer"};
+
+std::shared_ptr<FingerprintMatrix> storedVectors(FontIndexStore &store)
+{
+    auto vectors = std::make_shared<FingerprintMatrix>();
+    vectors->reserve(static_cast<std::size_t>(store.fingerprintCount()));
+    const bool isComplete = store.readFingerprints([&](const std::string &name, std::span<const std::uint8_t> blob) {
+        vectors->insert(name, Fingerprint::decode(blob));
+    });
+    return isComplete ? vectors : nullptr;
+}
+
+// The candidates that are compared with the reference.
+class Choice final {
+public:
+    Choice(const FontRecord *reference, bool latinFocusOnly)
+        : m_reference(reference)
+        , m_excludedScripts(latinFocusOnly && (reference == nullptr ||
+                                               (reference->scriptMask & FingerprintIndex::nonLatinMask()) == 0)
+                                ? FingerprintIndex::nonLatinMask()
+                                : 0)
+        , m_isMonospace(reference != nullptr && reference->isMonospace)
+    {}
+
+    bool takes(const FontRecord &candidate) const
+    {
+        return candidate.isMonospace == m_isMonospace && (candidate.scriptMask & m_excludedScripts) == 0 &&
+               (m_reference == nullptr || candidate.family != m_reference->family);
+    }
+
+private:
+    const FontRecord *m_reference;
+    std::uint64_t m_excludedScripts;
+    bool m_isMonospace;
+};
+
+} // namespace
+
+FingerprintIndex::FingerprintIndex(std::shared_ptr<FontIndexStore> store, QObject *parent)
+    : QObject(parent)
+    , m_store(std::move(store))
+{
+    m_pool.setMaxThreadCount(1); // what it runs uses all cores itself
+    m_pool.setThreadPriority(QThread::LowPriority);
+}
+
+FingerprintIndex::~FingerprintIndex()
+{
+    m_stop.request_stop();
+}
+
+std::uint64_t FingerprintIndex::nonLatinMask()
+{
+    static const std::uint64_t mask = [] {
+        std::uint64_t bits = 0;
+        const auto &languages = ScriptCoverage::all();
+        for (std::size_t i = 0; i < std::min<std::size_t>(languages.size(), 64); ++i) {
+            if (std::find(kNonLatinScripts.begin(), kNonLatinScripts.end(), languages[i].id) != kNonLatinScripts.end())
+                bits |= std::uint64_t{1} << i;
+        }
+        return bits;
+    }();
+    return mask;
+}
+
+QCoro::Task<> FingerprintIndex::load()
+{
+    if (m_store == nullptr || m_isLoaded)
+        co_return;
+    const QPointer<FingerprintIndex> self(this);
+    const auto reading = QtConcurrent::run(&m_pool, [store = m_store] { return storedVectors(*store); });
+    const std::shared_ptr<FingerprintMatrix> stored = co_await reading;
+    if (!self || stored == nullptr || m_isLoaded)
+        co_return;
+    m_vectors = stored;
+    m_isLoaded = true;
+    m_revision = m_revision.value() + 1;
+}
+
+QCoro::Task<> FingerprintIndex::readNames()
+{
+    const QPointer<FingerprintIndex> self(this);
+    const auto reading = QtConcurrent::run(&m_pool, [store = m_store] { return store->fingerprintNames(); });
+    std::unordered_set<std::string> names = co_await reading;
+    if (self)
+        m_names = std::move(names);
+}
+
+QCoro::Task<> FingerprintIndex::build(Records records)
+{
+    if (isBuilding() || m_store == nullptr)
+        co_return;
+    const QPointer<FingerprintIndex> self(this);
+    m_isBuilding = true;
+    m_progress = 0;
+    if (!m_names)
+        co_await readNames();
+    if (!self)
+        co_return;
+    std::erase_if(records,
+                  [this](const FontRecordPointer &record) { return m_names->contains(record->postScriptName); });
+    if (!records.empty())
+        co_await compute(std::move(records));
+    if (!self)
+        co_return;
+    m_progress = 1;
+    m_isBuilding = false;
+}
+
+QCoro::Task<> FingerprintIndex::compute(Records records)
+{
+    const QPointer<FingerprintIndex> self(this);
+    const auto report = [this, total = records.size()](std::size_t done) { // the pool ends before this goes
+        const double share = static_cast<double>(done) / static_cast<double>(total);
+        QMetaObject::invokeMethod(this, [this, share] { m_progress = std::max(m_progress.value(), share); });
+    };
+    const auto computing =
+        QtConcurrent::run(&m_pool, [records = std::move(records), report, stop = m_stop.get_token()] {
+            return std::make_shared<const Vectors>(computeFingerprints(records, report, stop));
+        });
+    const std::shared_ptr<const Vectors> computed = co_await computing;
+    if (!self)
+        co_return;
+    if (m_isLoaded)
+        m_vectors->reserve(m_vectors->count() + computed->size());
+    for (const auto &[name, vector] : *computed) {
+        m_names->insert(name);
+        if (m_isLoaded)
+            m_vectors->insert(name, vector);
+    }
+    const auto saving = QtConcurrent::run(&m_pool, [store = m_store, computed] { store->saveFingerprints(*computed); });
+    co_await saving;
+    if (self)
+        m_revision = m_revision.value() + 1;
+}
+
+std::vector<FingerprintIndex::Similar> FingerprintIndex::similar(const std::string &postScriptName,
+                                                                 const Records &candidates, std::size_t limit,
+                                                                 bool latinFocusOnly) const
+{
+    const auto reference = m_vectors->find(postScriptName);
+    if (!reference)
+        return {};
+    const auto record = std::find_if(candidates.begin(), candidates.end(), [&](const FontRecordPointer &candidate) {
+        return candidate->postScriptName == postScriptName;
+    });
+    const Choice choice(record == candidates.end() ? nullptr : record->get(), latinFocusOnly);
+
+    constexpr float kPassedOver = -std::numeric_limits<float>::infinity();
+    std::vector<float> scores(candidates.size(), kPassedOver);
+    parallelForRanges(candidates.size(), [&](std::size_t first, std::size_t last) {
+        for (std::size_t i = first; i != last; ++i) {
+            const FontRecord &candidate = *candidates[i];
+            const auto vector = choice.takes(candidate) ? m_vectors->find(candidate.postScriptName) : std::nullopt;
+            if (vector)
+                scores[i] = FingerprintMatrix::score(*reference, *vector);
+        }
+    });
+
+    std::vector<Similar> kept;
+    std::unordered_map<std::string_view, std::size_t> positions; // in `kept`, by family
+    for (std::size_t i = 0; i < candidates.size(); ++i) {
+        if (scores[i] == kPassedOver)
+            continue;
+        const auto [position, isNew] = positions.try_emplace(candidates[i]->family, kept.size());
+        if (isNew)
+            kept.push_back({candidates[i], scores[i]});
+        else if (scores[i] > kept[position->second].score)
+            kept[position->second] = {candidates[i], scores[i]};
+    }
+    std::stable_sort(kept.begin(), kept.end(), [](const Similar &a, const Similar &b) { return a.score > b.score; });
+    kept.resize(std::min(kept.size(), limit));
+    return kept;
+}
+
+} // namespace kerlune
