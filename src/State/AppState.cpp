@@ -2,6 +2,7 @@
 
 #include "Platform/FontCatalog.h"
 #include "Platform/FontRegistry.h"
+#include "State/SettingsFile.h"
 #include "Support/Localization.h"
 
 #include <QPointer>
@@ -19,11 +20,6 @@ constexpr std::array<std::pair<ViewMode, std::string_view>, 4> kViewModes{{{View
                                                                            {ViewMode::list, "list"},
                                                                            {ViewMode::waterfall, "waterfall"},
                                                                            {ViewMode::compare, "compare"}}};
-
-QString settingsFile(const Directories &directories)
-{
-    return QString::fromStdString(directories.configuration / "settings.ini");
-}
 
 QString previewTextKey()
 {
@@ -90,6 +86,7 @@ AppState::AppState(const Surroundings &surroundings, const Delays &delays)
         m_storeError = std::move(store).error();
         loadError.set(m_storeError->description());
     }
+    m_fingerprints = std::make_unique<FingerprintIndex>(m_store);
     readSettings();
     followVisibleList();
     connect(&surroundings.registry, &FontRegistry::registeredFontsChanged, this,
@@ -160,7 +157,7 @@ ActivationState AppState::activationState(const FontFamily &family) const
     std::size_t managed = 0;
     std::size_t active = 0;
     for (const FontRecordPointer &face : family.faces) {
-        if (!m_folders.folderContaining(face->filePath))
+        if (!m_folders.isInFolder(face->filePath))
             continue;
         ++managed;
         if (m_activation.activePaths().contains(face->filePath))
@@ -173,18 +170,22 @@ ActivationState AppState::activationState(const FontFamily &family) const
     return active == managed ? ActivationState::active : ActivationState::partial;
 }
 
-QCoro::Task<bool> AppState::setActive(FontFamilyPointer family, bool on)
+QCoro::Task<bool> AppState::setActive(const FontFamilyPointer &family, bool on)
 {
-    const QPointer<AppState> self(this);
     std::set<std::string> files;
     for (const FontRecordPointer &face : family->faces) {
-        if (m_folders.folderContaining(face->filePath))
+        if (m_folders.isInFolder(face->filePath))
             files.insert(face->filePath);
     }
+    return setFilesActive({files.begin(), files.end()}, on);
+}
+
+QCoro::Task<bool> AppState::setFilesActive(std::vector<std::string> files, bool on)
+{
+    const QPointer<AppState> self(this);
     if (files.empty())
         co_return true;
-    auto changing = on ? m_activation.activate({files.begin(), files.end()})
-                       : m_activation.deactivate({files.begin(), files.end()});
+    auto changing = on ? m_activation.activate(std::move(files)) : m_activation.deactivate(std::move(files));
     const bool isDone = co_await changing;
     if (self && !isDone) {
         const std::string error = m_activation.lastError().value_or(std::string());

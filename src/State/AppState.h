@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Bridge/ApplyResult.h"
+#include "Identify/FingerprintIndex.h"
 #include "Library/ActivationManager.h"
 #include "Library/FolderLibrary.h"
 #include "State/FilterSignature.h"
@@ -107,6 +108,7 @@ public:
     // The library.
     Field<std::shared_ptr<const LoadedLibrary>> library; // never null
     Field<bool> isIndexing;                              // load() or rebuildIndex() runs
+    Field<bool> hasLoaded;                               // load() has come to its end once
     Field<double> indexProgress;                         // 0…1
     Field<std::string> indexMessage;                     // what is being done, empty when nothing is
     Field<std::optional<std::string>> loadError;         // stands in place of the library
@@ -150,6 +152,7 @@ public:
     const ActivationManager &activation() const { return m_activation; }
     FolderLibrary &folderLibrary() { return m_folders; }
     const FolderLibrary &folderLibrary() const { return m_folders; }
+    FingerprintIndex &fingerprints() const { return *m_fingerprints; }
     const std::shared_ptr<FontIndexStore> &store() const { return m_store; } // null when it could not be opened
     const std::optional<FontIndexStore::StoreError> &storeError() const { return m_storeError; }
 
@@ -163,6 +166,7 @@ public:
     // What a reference leads to is good until the next change of the state.
     const Families &visibleFamilies() const;
     Families computeVisibleFamilies() const;
+    Families visibleFamiliesWith(const Filters &otherFilters) const; // in place of those that are set
     FilterSignature filterSignature() const;
     const LibraryCounts &counts() const;
     const std::map<std::string, std::int64_t> &languageCounts() const; // by language id
@@ -172,7 +176,8 @@ public:
 
     // Activation.
     ActivationState activationState(const FontFamily &family) const;
-    QCoro::Task<bool> setActive(FontFamilyPointer family, bool on); // false, with a notice, when a file failed
+    QCoro::Task<bool> setActive(const FontFamilyPointer &family, bool on); // false, with a notice, when a file failed
+    QCoro::Task<bool> setFilesActive(std::vector<std::string> files, bool on); // likewise, of any watched folder
 
     // Tags.
     std::vector<std::pair<std::string, std::int64_t>> allTags() const; // with the number of families, as names sort
@@ -199,7 +204,11 @@ public:
 
     // Favourites and recently used families.
     bool toggleFavorite(const std::string &family);
+    bool setFavorites(const std::vector<std::string> &families, bool on);
     bool noteUsed(const std::string &family);
+
+    // Puts what was deleted back, under the same ids; see FontIndexStore::restore().
+    bool restoreUserData(const UserData &data);
 
     void setNotice(Notice posted);
     void dismissNotice();
@@ -246,6 +255,7 @@ private:
     std::optional<FontIndexStore::StoreError> m_storeError;
     ActivationManager m_activation;
     FolderLibrary m_folders;
+    std::unique_ptr<FingerprintIndex> m_fingerprints;
     QSettings m_settings;
     ForeignChanges m_foreignChanges;
 

@@ -77,6 +77,7 @@ QCoro::Task<> AppState::load()
     if (m_store == nullptr) {
         loadError.set(m_storeError->description());
         isIndexing.set(false);
+        hasLoaded.set(true);
         co_return;
     }
     reloadUserData();
@@ -94,6 +95,7 @@ QCoro::Task<> AppState::load()
     co_await readRecords(StoredIndex::MayServe);
     if (!self)
         co_return;
+    hasLoaded.set(true);
     finishIndexing();
     m_foreignChanges.start();
     m_registryRefresh.trigger(); // files that were changed in place leave the count as it was

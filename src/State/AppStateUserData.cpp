@@ -270,6 +270,14 @@ bool AppState::toggleFavorite(const std::string &family)
     return isWritten;
 }
 
+bool AppState::setFavorites(const std::vector<std::string> &families, bool on)
+{
+    const bool isWritten = write([&](FontIndexStore &store) { return store.setFavorites(families, on); });
+    if (m_store != nullptr)
+        publishFavorites(m_store->favorites());
+    return isWritten;
+}
+
 bool AppState::noteUsed(const std::string &family)
 {
     const bool isWritten = write([&](FontIndexStore &store) { return store.noteRecent(family); });
@@ -293,6 +301,15 @@ void AppState::publishRecents(std::vector<std::string> stored)
 {
     ++m_listRevision;
     recents.set(std::move(stored));
+}
+
+// Putting back.
+
+bool AppState::restoreUserData(const UserData &data)
+{
+    const bool isWritten = write([&](FontIndexStore &store) { return store.restore(data).has_value(); });
+    reloadUserData();
+    return isWritten;
 }
 
 } // namespace kerlune

@@ -14,7 +14,12 @@ const AppState::Families &AppState::visibleFamilies() const
 
 AppState::Families AppState::computeVisibleFamilies() const
 {
-    return kerlune::visibleFamilies(filters.value(), sidebarSelection.value(), context());
+    return visibleFamiliesWith(filters.value());
+}
+
+AppState::Families AppState::visibleFamiliesWith(const Filters &otherFilters) const
+{
+    return kerlune::visibleFamilies(otherFilters, sidebarSelection.value(), context());
 }
 
 FilterSignature AppState::filterSignature() const

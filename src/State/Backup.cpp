@@ -48,7 +48,7 @@ json encodeFilters(const std::string &filters)
 }
 
 // Absent when a text in it is not UTF-8.
-std::optional<std::string> decodeFilters(const json &filters)
+std::optional<std::string> decodedFilters(const json &filters)
 {
     if (filters.is_string())
         return filters.get<std::string>();
@@ -166,7 +166,7 @@ private:
         }
         const std::int64_t version = integer(root.member("version"));
         if (version < 1)
-            refuse("« %1 » n’est pas un numéro de version", root.member("version"));
+            refuse(marked("« %1 » n’est pas un numéro de version"), root.member("version"));
         if (version > kVersion)
             m_problem = localized("cette sauvegarde vient d’une version plus récente de Kerlune");
     }
@@ -199,13 +199,13 @@ private:
                                              .created = date(place.member("created"))};
         const Place filters = place.member("filters");
         if (filters.value == nullptr)
-            refuse("« %1 » manque", filters);
+            refuse(marked("« %1 » manque"), filters);
         else if (isTooDeep(*filters.value))
-            refuse("« %1 » a trop de niveaux", filters);
-        else if (auto decoded = decodeFilters(*filters.value); decoded && isValidUtf8(*decoded))
+            refuse(marked("« %1 » a trop de niveaux"), filters);
+        else if (auto decoded = decodedFilters(*filters.value); decoded && isValidUtf8(*decoded))
             collection.filters = *std::move(decoded);
         else
-            refuse("« %1 » n’est pas de l’UTF-8 valide", filters);
+            refuse(marked("« %1 » n’est pas de l’UTF-8 valide"), filters);
         return collection;
     }
 
@@ -215,7 +215,7 @@ private:
         if (place.value == nullptr)
             return tags;
         if (!place.value->is_object()) {
-            refuse("« %1 » n’est pas un objet", place);
+            refuse(marked("« %1 » n’est pas un objet"), place);
             return tags;
         }
         for (const auto &member : place.value->items()) {
@@ -233,7 +233,7 @@ private:
         if (list.value == nullptr)
             return;
         if (!list.value->is_array()) {
-            refuse("« %1 » n’est pas une liste", list);
+            refuse(marked("« %1 » n’est pas une liste"), list);
             return;
         }
         for (std::size_t i = 0; i < list.value->size() && !m_problem; ++i)
@@ -246,7 +246,7 @@ private:
             if (place.value->is_object())
                 take(place);
             else
-                refuse("« %1 » n’est pas un objet", place);
+                refuse(marked("« %1 » n’est pas un objet"), place);
         });
     }
 
@@ -254,7 +254,7 @@ private:
     {
         const auto seconds = utcTimeFromText(text(place));
         if (!seconds)
-            refuse("« %1 » n’est pas une date", place);
+            refuse(marked("« %1 » n’est pas une date"), place);
         return seconds.value_or(0);
     }
 
@@ -262,26 +262,26 @@ private:
     {
         std::string name = text(place);
         if (name.empty())
-            refuse("« %1 » est vide", place);
+            refuse(marked("« %1 » est vide"), place);
         return name;
     }
 
     std::string text(const Place &place)
     {
         if (place.value == nullptr)
-            return refuse("« %1 » manque", place);
+            return refuse(marked("« %1 » manque"), place);
         if (!place.value->is_string())
-            return refuse("« %1 » n’est pas un texte", place);
+            return refuse(marked("« %1 » n’est pas un texte"), place);
         auto text = place.value->get<std::string>();
-        return isValidUtf8(text) ? text : refuse("« %1 » n’est pas de l’UTF-8 valide", place);
+        return isValidUtf8(text) ? text : refuse(marked("« %1 » n’est pas de l’UTF-8 valide"), place);
     }
 
     std::int64_t integer(const Place &place)
     {
         if (place.value == nullptr)
-            refuse("« %1 » manque", place);
+            refuse(marked("« %1 » manque"), place);
         else if (!place.value->is_number_integer())
-            refuse("« %1 » n’est pas un nombre entier", place);
+            refuse(marked("« %1 » n’est pas un nombre entier"), place);
         else if (place.value->is_number_unsigned())
             return static_cast<std::int64_t>(
                 std::min<std::uint64_t>(place.value->get<std::uint64_t>(), std::numeric_limits<std::int64_t>::max()));

@@ -115,7 +115,8 @@ std::string joined(const std::vector<std::string> &parts, std::string_view separ
 std::string classLabels(const std::set<FontClass> &classes)
 {
     std::vector<std::string> labels;
-    std::transform(classes.begin(), classes.end(), std::back_inserter(labels), label);
+    std::transform(classes.begin(), classes.end(), std::back_inserter(labels),
+                   [](FontClass fontClass) { return label(fontClass); });
     std::sort(labels.begin(), labels.end());
     return joined(labels, ", ");
 }
@@ -193,18 +194,18 @@ std::string summary(const Filters &filters)
         parts.push_back(classLabels(filters.classes));
     if (!filters.tags.empty())
         parts.push_back(localized("tags : %1", {joined({filters.tags.begin(), filters.tags.end()}, ", ")}));
-    add(filters.onlyVariable, "variables");
-    add(filters.onlyMonospace, "monospace");
-    add(filters.onlyColor, "couleur");
-    add(filters.onlyItalic, "italiques");
-    add(filters.hideItalic, "sans italiques");
+    add(filters.onlyVariable, marked("variables"));
+    add(filters.onlyMonospace, marked("monospace"));
+    add(filters.onlyColor, marked("couleur"));
+    add(filters.onlyItalic, marked("italiques"));
+    add(filters.hideItalic, marked("sans italiques"));
     if (filters.languageBits != 0)
         parts.push_back(languageLabels(filters.languageBits));
     if (filters.weightRange != WeightRange()) {
         parts.push_back(localized(
             "graisse %1–%2", {std::to_string(filters.weightRange.lower), std::to_string(filters.weightRange.upper)}));
     }
-    add(filters.riskyLicenseOnly, "licence restrictive");
+    add(filters.riskyLicenseOnly, marked("licence restrictive"));
     if (!filters.requiredGlyphs.empty())
         parts.push_back(localized("glyphes « %1 »", {filters.requiredGlyphs}));
     return parts.empty() ? localized("Aucun critère") : joined(parts, " · ");

@@ -1,7 +1,6 @@
 #include "State/GlyphCoverage.h"
 
-#include "Platform/FontCatalog.h"
-#include "Platform/FontFace.h"
+#include "Platform/FaceOpening.h"
 #include "Support/ParallelFor.h"
 
 #include <algorithm>
@@ -14,20 +13,7 @@ constexpr std::size_t kMostBytes = 64U << 20;
 
 std::shared_ptr<const CharacterMap> readMap(const FontRecord &record)
 {
-    auto file = FontFile::open(record.filePath);
-    if (!file)
-        return nullptr;
-    std::uint32_t faceIndex = 0;
-    if ((*file)->faceCount() != 1) { // instances share their characters, the faces of a collection need not
-        const auto fonts = fontsOfFile(record.filePath).fonts;
-        const auto font = std::find_if(fonts.begin(), fonts.end(), [&](const FontDescriptor &candidate) {
-            return candidate.postScriptName == record.postScriptName;
-        });
-        if (font == fonts.end())
-            return nullptr;
-        faceIndex = font->faceIndex;
-    }
-    const auto face = FontFace::open(*std::move(file), faceIndex);
+    const auto face = openFace(record.filePath, record.postScriptName);
     return face ? std::make_shared<const CharacterMap>((*face)->characterMap()) : nullptr;
 }
 

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "Platform/Directories.h"
+
+#include <QByteArray>
+#include <QProperty>
+#include <QSettings>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <vector>
+
+namespace kerlune {
+
+enum class InterfaceLanguage { system, french, english };
+enum class Appearance { system, light, dark };
+
+// The user's settings, kept in settings.ini. A value there that is none of those allowed counts as the standard one.
+// A change is written at once. AppState keeps the preview text and its size in the same file.
+//
+// Thread: main.
+class Preferences final : public QObject {
+    Q_OBJECT
+
+public:
+    explicit Preferences(const Directories &directories);
+
+    QProperty<QString> customPreviewText; // what the user typed as a sample of their own
+    QProperty<bool> applyHotKeyEnabled;   // the hot key that applies the selected font
+    QProperty<bool> autoActivateMissingFonts;
+    QProperty<bool> similarLatinOnly; // similar fonts look at Latin letters only
+    QProperty<bool> showMenuBarExtra; // the icon in the notification area
+    QProperty<bool> identifySearchesGoogle;
+    QProperty<InterfaceLanguage> language;
+    QProperty<Appearance> appearance;
+
+    // How a part of the window was left, such as "window/geometry"; not shown to the user as a setting.
+    QVariant layout(const QString &key, const QVariant &standard = {}) const;
+    void setLayout(const QString &key, const QVariant &value);
+
+private:
+    template <typename Value, typename Read, typename Write>
+    void keep(QProperty<Value> &property, const char *key, Value standard, Read read, Write write);
+    void keep(QProperty<bool> &property, const char *key, bool standard);
+
+    QSettings m_settings;
+    std::vector<QPropertyNotifier> m_observers;
+};
+
+} // namespace kerlune
