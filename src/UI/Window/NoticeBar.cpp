@@ -1,0 +1,122 @@
+#include "UI/Window/NoticeBar.h"
+
+#include "UI/InterfaceText.h"
+
+#include <QAccessible>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QStyle>
+#include <QToolButton>
+
+#include <algorithm>
+
+namespace kerlune {
+
+namespace {
+
+constexpr int kMostWidth = 560;
+constexpr int kNoticeIconSize = 16;
+
+// What came of applying a font, as a notice.
+Notice noticeOf(const ApplyResult &result)
+{
+    using namespace ApplyOutcome;
+    if (const auto *applied = std::get_if<Applied>(&result)) {
+        const QString text =
+            uiCount("Police appliquée à %1 élément.", "Police appliquée à %1 éléments.", applied->count);
+        return {(applied->note ? text + u' ' + shown(*applied->note) : text).toStdString()};
+    }
+    if (const auto *failed = std::get_if<Failed>(&result))
+        return {shown(failed->message).toStdString(), true};
+    if (std::holds_alternative<NotAuthorized>(result))
+        return {uiText("Kerlune n’est pas autorisé à piloter ce logiciel.").toStdString(), true};
+    return {uiText("Le logiciel où appliquer la police n’est pas ouvert.").toStdString(), true};
+}
+
+} // namespace
+
+NoticeBar::NoticeBar(Workspace &workspace, QWidget *parent)
+    : QFrame(parent)
+    , m_workspace(workspace)
+    , m_icon(new QLabel)
+    , m_text(new QLabel)
+    , m_close(new QToolButton)
+{
+    setObjectName(QStringLiteral("noticeBar"));
+    setProperty("floating", true);
+    m_text->setObjectName(QStringLiteral("noticeText"));
+    m_text->setTextFormat(Qt::PlainText);
+    m_text->setWordWrap(true);
+    m_close->setObjectName(QStringLiteral("noticeClose"));
+    m_close->setIcon(m_workspace.theme().icon("close"));
+    m_close->setIconSize({kNoticeIconSize, kNoticeIconSize});
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(12, 8, 8, 8);
+    layout->setSpacing(kGridStep);
+    layout->addWidget(m_icon, 0, Qt::AlignTop);
+    layout->addWidget(m_text, 1);
+    layout->addWidget(m_close, 0, Qt::AlignTop);
+    connect(m_close, &QToolButton::clicked, this, &NoticeBar::dismiss);
+    connect(&m_workspace.theme(), &Theme::changed, this, &NoticeBar::refresh);
+    m_observers.push_back(m_workspace.state().notice.observe([this] { refresh(); }));
+    m_observers.push_back(m_workspace.state().applyFeedback.observe([this] { refresh(); }));
+    parent->installEventFilter(this);
+    refresh();
+}
+
+void NoticeBar::refresh()
+{
+    const AppState &state = m_workspace.state();
+    std::optional<Notice> notice = state.notice();
+    if (state.applyFeedback())
+        notice = noticeOf(*state.applyFeedback());
+    setVisible(notice.has_value());
+    if (!notice)
+        return;
+    const ThemeColors &colors = m_workspace.theme().colors();
+    m_icon->setPixmap(m_workspace.theme().iconPixmap(notice->isError ? "warning" : "check", kNoticeIconSize,
+                                                     notice->isError ? colors.error : colors.text,
+                                                     devicePixelRatioF()));
+    const QString text = shown(notice->text);
+    m_text->setText(notice->isError ? uiText("Erreur : %1", {text}) : text);
+    m_text->setProperty("error", notice->isError);
+    m_text->style()->polish(m_text);
+    m_close->setAccessibleName(uiText("Fermer le message"));
+    m_close->setToolTip(uiText("Fermer le message"));
+    setAccessibleName(m_text->text());
+    place();
+    raise();
+    QAccessibleEvent alert(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+}
+
+void NoticeBar::place()
+{
+    const QSize room = parentWidget()->size() - QSize(2 * kCardPadding, 2 * kCardPadding);
+    const int width = std::min({kMostWidth, room.width(), sizeHint().width() + 2 * kGridStep});
+    const int height = layout()->hasHeightForWidth() ? layout()->totalHeightForWidth(width) : sizeHint().height();
+    setGeometry((parentWidget()->width() - width) / 2, parentWidget()->height() - height - kCardPadding, width, height);
+}
+
+void NoticeBar::dismiss()
+{
+    m_workspace.state().dismissNotice();
+    m_workspace.state().dismissApplyFeedback();
+}
+
+void NoticeBar::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        refresh();
+    QFrame::changeEvent(event);
+}
+
+bool NoticeBar::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Resize && !isHidden())
+        place();
+    return QFrame::eventFilter(watched, event);
+}
+
+} // namespace kerlune

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "UI/Window/FilterCriteria.h"
+#include "UI/Window/MessagePage.h"
+#include "UI/Workspace.h"
+
+#include <QTimer>
+#include <QWidget>
+
+#include <optional>
+#include <vector>
+
+class QStackedWidget;
+
+namespace kerlune {
+
+class WelcomeBanner;
+
+// The browser, or a page in its place where it has nothing to show.
+//
+// Thread: main.
+class Pages final : public QWidget {
+    Q_OBJECT
+
+public:
+    Pages(Workspace &workspace, QWidget *browser, QWidget *parent = nullptr);
+
+    bool isBrowserShown() const;
+    bool isSettled() const; // nothing on the page is still to change by itself
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    enum class Page { Browser, Loading, Failed, NoFonts, NoResult, EmptySelection, NoCatalogue };
+
+    Page wantedPage() const;
+    void updateSoon();
+    void update();
+    void updateProgress();
+    MessagePage::Content contentOf(Page page);
+    MessagePage::Content noResult();
+    MessagePage::Content emptySelection() const;
+    void countNext();
+
+    Workspace &m_workspace;
+    QStackedWidget *m_stack;
+    QWidget *m_browser;
+    MessagePage *m_message;
+    QWidget *m_blank; // while the library is read that fast that a page would only flicker
+    WelcomeBanner *m_welcome;
+    std::optional<Page> m_page;
+    std::vector<FilterCriterion> m_criteria; // those offered to be lifted
+    std::size_t m_counted = 0;               // of them, how many bear the number of families that come back
+    QTimer m_updating;
+    QTimer m_counting;
+    QTimer m_patience;
+    std::vector<QPropertyNotifier> m_observers;
+};
+
+} // namespace kerlune
