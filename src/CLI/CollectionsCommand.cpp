@@ -18,14 +18,14 @@ namespace {
 using Words = std::vector<std::string>;
 using Collection = FontIndexStore::Collection;
 
-constexpr std::array kActions{Action{"list"},
-                              Action{"create", 1},
-                              Action{"rename", 2},
-                              Action{"delete", 1},
-                              Action{"add", 2, Action::kAnyNumber},
-                              Action{"remove", 2, Action::kAnyNumber}};
+constexpr std::array kCollectionActions{Action{"list"},
+                                        Action{"create", 1},
+                                        Action{"rename", 2},
+                                        Action{"delete", 1},
+                                        Action{"add", 2, Action::kAnyNumber},
+                                        Action{"remove", 2, Action::kAnyNumber}};
 
-std::string usage()
+std::string collectionUsage()
 {
     return localized("Usage : kerlune collections [list | create NOM | rename ID NOM | delete ID | add ID FAMILLE… | "
                      "remove ID FAMILLE…]");
@@ -132,7 +132,7 @@ int remove(StateSession &session, const std::string &idOrName, const Words &name
 
 int runCollectionsCommand(const CommandContext &context, const Words &words, OutputFormat format)
 {
-    const auto chosen = chooseAction(kActions, words, usage());
+    const auto chosen = chooseAction(kCollectionActions, words, collectionUsage());
     if (!chosen)
         return kWrongUsage;
     const auto session = StateSession::open(context);

@@ -1,6 +1,7 @@
 #include "CLI/CommandLine.h"
 
 #include "CLI/Arguments.h"
+#include "CLI/CaptureCommand.h"
 #include "CLI/DisplayText.h"
 #include "CLI/FilterOptions.h"
 #include "CLI/Output.h"
@@ -86,6 +87,7 @@ public:
             {"CHEMIN", localized("Dossiers ou fichiers à examiner, au lieu de ceux où les polices s’installent.")},
             runDuplicatesCommand);
         addStateCommands();
+        addWindowCommands();
     }
 
     int run(int argc, const char *const *argv, const CommandContext &context)
@@ -101,8 +103,8 @@ public:
         } catch (const CLI::ParseError &error) {
             return reportUnparsable(usageMessage(m_app, error));
         }
-        if (!m_chosen)
-            return reportUnparsable(localized("Il manque une commande."));
+        if (!m_chosen) // the window is what one gets without asking for anything else
+            return context.window.open({});
         if (m_takesTexts) {
             const auto damaged = std::find_if_not(argv + 1, argv + argc, isValidUtf8);
             if (damaged != argv + argc)
@@ -114,15 +116,22 @@ public:
 private:
     static std::string optionsGroup() { return localized("Options") + "\u00A0"; }
 
-    CLI::App *add(const std::string &name, const std::string &description, Command command)
+    // A command without any option but those that its caller adds.
+    CLI::App *addPlain(const std::string &name, const std::string &description, Command command)
     {
         CLI::App *subcommand = m_app.add_subcommand(name, description)->group(localized("Commandes") + "\u00A0");
         subcommand->get_help_ptr()->group(optionsGroup());
+        subcommand->callback([this, command = std::move(command)] { m_chosen = command; });
+        return subcommand;
+    }
+
+    CLI::App *add(const std::string &name, const std::string &description, Command command)
+    {
+        CLI::App *subcommand = addPlain(name, description, std::move(command));
         subcommand
             ->add_flag_callback(
                 "--json", [this] { m_format = OutputFormat::Json; }, localized("Écrit le résultat en JSON."))
             ->group(optionsGroup());
-        subcommand->callback([this, command = std::move(command)] { m_chosen = command; });
         return subcommand;
     }
 
@@ -173,9 +182,44 @@ private:
                    localized("add FAMILLE… ; remove FAMILLE…"));
         addActions(addForTexts("recents", localized("Gère les familles utilisées récemment."), runRecentsCommand),
                    localized("add FAMILLE…"));
+        addTexts(*addForTexts("fingerprint",
+                              localized("Affiche l’empreinte d’une police : 872 nombres qui décrivent le "
+                                        "dessin de ses lettres."),
+                              runFingerprintCommand),
+                 localized("NOM-POSTSCRIPT"), m_arguments, localized("Le nom PostScript de la police."));
+        addSimilar();
         addBackup("backup", localized("Sauvegarde les tags, collections, favoris et familles récentes."),
                   runBackupCommand);
         addBackup("restore", localized("Ajoute ce que contient une sauvegarde."), runRestoreCommand);
+    }
+
+    void addSimilar()
+    {
+        CLI::App *similar =
+            addForTexts("similar", localized("Cherche les polices dont le dessin ressemble à celui d’une police."),
+                        [this](const CommandContext &context, const Arguments &words, OutputFormat format) {
+                            return runSimilarCommand(context, words, m_similar, format);
+                        });
+        addTexts(*similar, localized("NOM-POSTSCRIPT"), m_arguments, localized("Le nom PostScript de la police."));
+        addText(*similar, "--limit", m_similar.limit, localized("Nombre de résultats au plus ; 8 si rien n’est donné."))
+            ->type_name(localized("NOMBRE"))
+            ->group(optionsGroup());
+        similar->add_flag("--all-scripts", m_similar.allScripts, localized("Avec les polices non latines."))
+            ->group(optionsGroup());
+    }
+
+    void addWindowCommands()
+    {
+        addPlain("open", localized("Ouvre la fenêtre, ou la met devant ; les dossiers donnés sont surveillés."),
+                 [this](const CommandContext &context, const Arguments &, OutputFormat) {
+                     return runOpenCommand(context, m_arguments);
+                 });
+        addTexts(*m_app.get_subcommand("open"), "CHEMIN", m_arguments, localized("Dossiers ou polices à montrer."));
+        addPlain("capture", localized("Écrit une image de la fenêtre, sans écran."),
+                 [this](const CommandContext &context, const Arguments &, OutputFormat) {
+                     return runCaptureCommand(context, m_capture);
+                 });
+        addCaptureOptions(*m_app.get_subcommand("capture"), m_capture);
     }
 
     void addBackup(const std::string &name, const std::string &description,
@@ -216,6 +260,8 @@ private:
     FilterOptions m_filters;
     std::string m_selection;
     std::string m_file;
+    SimilarOptions m_similar;
+    CaptureOptions m_capture;
     bool m_takesTexts = false; // which have to be UTF-8
     OutputFormat m_format = OutputFormat::Text;
     Command m_chosen;

@@ -2,6 +2,7 @@
 
 #include "Platform/Directories.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -9,13 +10,27 @@ namespace kerlune {
 
 class FontCatalog;
 class FontRegistry;
+struct CaptureRequest;
 struct FilterOptions;
+
+// What the commands of the window call, since they do not know the window. They give the exit status.
+struct WindowCommands {
+    std::function<int(const std::vector<std::string> &paths)> open;
+    std::function<int(const CaptureRequest &request)> capture;
+    std::vector<std::string> panels = {}; // their names
+};
+
+struct SimilarOptions {
+    std::string limit = {};  // a number from 0 on; empty for the usual one
+    bool allScripts = false; // non-Latin fonts too
+};
 
 // What a command works on.
 struct CommandContext {
     const FontCatalog &catalog;
     FontRegistry &registry;
     const Directories &directories;
+    const WindowCommands &window;
 };
 
 enum class OutputFormat { Text, Json };
@@ -43,6 +58,9 @@ int runSmartCommand(const CommandContext &context, const std::vector<std::string
                     OutputFormat format);
 int runFavoritesCommand(const CommandContext &context, const std::vector<std::string> &words, OutputFormat format);
 int runRecentsCommand(const CommandContext &context, const std::vector<std::string> &words, OutputFormat format);
+int runFingerprintCommand(const CommandContext &context, const std::vector<std::string> &words, OutputFormat format);
+int runSimilarCommand(const CommandContext &context, const std::vector<std::string> &words,
+                      const SimilarOptions &options, OutputFormat format);
 int runBackupCommand(const CommandContext &context, const std::string &file, OutputFormat format);
 int runRestoreCommand(const CommandContext &context, const std::string &file, OutputFormat format);
 

@@ -20,10 +20,10 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-constexpr std::array kActions{Action{"list"}, Action{"add", 1, 1}, Action{"remove", 1, 1}, Action{"auto", 2, 2},
-                              Action{"rescan"}};
+constexpr std::array kFolderActions{Action{"list"}, Action{"add", 1, 1}, Action{"remove", 1, 1}, Action{"auto", 2, 2},
+                                    Action{"rescan"}};
 
-std::string usage()
+std::string folderUsage()
 {
     return localized("Usage : kerlune folders [list | add CHEMIN | remove CHEMIN-OU-ID | "
                      "auto CHEMIN-OU-ID on|off | rescan]");
@@ -134,12 +134,13 @@ int setAutoActivate(LibrarySession &session, const std::string &pathOrId, bool o
 
 int runFoldersCommand(const CommandContext &context, const Words &words, OutputFormat format)
 {
-    const auto chosen = chooseAction(kActions, words, usage());
+    const auto chosen = chooseAction(kFolderActions, words, folderUsage());
     if (!chosen)
         return kWrongUsage;
     const auto &[action, arguments] = *chosen;
     if (action == "auto" && arguments[1] != "on" && arguments[1] != "off")
-        return reportWrongUsage(localized("« %1 » : il faut « on » ou « off ».", {displayText(arguments[1])}), usage());
+        return reportWrongUsage(localized("« %1 » : il faut « on » ou « off ».", {displayText(arguments[1])}),
+                                folderUsage());
 
     LibrarySession session(context);
     if (!session.load())

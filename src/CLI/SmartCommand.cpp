@@ -18,10 +18,10 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-constexpr std::array kActions{Action{"list"}, Action{"save", 1}, Action{"update", 1}, Action{"rename", 2},
-                              Action{"delete", 1}};
+constexpr std::array kSmartActions{Action{"list"}, Action{"save", 1}, Action{"update", 1}, Action{"rename", 2},
+                                   Action{"delete", 1}};
 
-std::string usage()
+std::string smartUsage()
 {
     return localized("Usage : kerlune smart [list | save NOM FILTRES | update ID FILTRES | rename ID NOM | delete ID]");
 }
@@ -111,7 +111,7 @@ int deleteSmartCollection(StateSession &session, const std::string &idOrName)
 int runSmartCommand(const CommandContext &context, const Words &words, const FilterOptions &options,
                     OutputFormat format)
 {
-    const auto chosen = chooseAction(kActions, words, usage());
+    const auto chosen = chooseAction(kSmartActions, words, smartUsage());
     if (!chosen)
         return kWrongUsage;
     const auto &[action, arguments] = *chosen;
@@ -120,9 +120,9 @@ int runSmartCommand(const CommandContext &context, const Words &words, const Fil
         return reportWrongUsage(filters.error());
     const bool takesFilters = action == "save" || action == "update";
     if (takesFilters && !filters->isActive())
-        return reportWrongUsage(localized("Il faut au moins un filtre."), usage());
+        return reportWrongUsage(localized("Il faut au moins un filtre."), smartUsage());
     if (!takesFilters && filters->isActive())
-        return reportWrongUsage(localized("« %1 » ne prend pas de filtre.", {action}), usage());
+        return reportWrongUsage(localized("« %1 » ne prend pas de filtre.", {action}), smartUsage());
 
     const auto session = StateSession::open(context);
     if (session == nullptr)

@@ -17,10 +17,10 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-constexpr std::array kActions{Action{"list"}, Action{"add", 2, Action::kAnyNumber},
-                              Action{"remove", 2, Action::kAnyNumber}, Action{"rename", 2}, Action{"delete", 1}};
+constexpr std::array kTagActions{Action{"list"}, Action{"add", 2, Action::kAnyNumber},
+                                 Action{"remove", 2, Action::kAnyNumber}, Action{"rename", 2}, Action{"delete", 1}};
 
-std::string usage()
+std::string tagUsage()
 {
     return localized("Usage : kerlune tags [list | add TAG FAMILLE… | remove TAG FAMILLE… | rename TAG NOUVEAU | "
                      "delete TAG]");
@@ -108,7 +108,7 @@ int deleteTag(StateSession &session, const std::string &tag)
 
 int runTagsCommand(const CommandContext &context, const Words &words, OutputFormat format)
 {
-    const auto chosen = chooseAction(kActions, words, usage());
+    const auto chosen = chooseAction(kTagActions, words, tagUsage());
     if (!chosen)
         return kWrongUsage;
     const auto session = StateSession::open(context);
