@@ -7,44 +7,22 @@
 #include "Support/BigEndian.h"
 #include "Support/Handle.h"
 #include "Support/ParallelFor.h"
+#include "SystemFaces.h"
 
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
-#include <fontconfig/fontconfig.h>
 #include <hb-ot.h>
 #include <hb.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdio>
-#include <set>
 #include <string>
 #include <vector>
 
 namespace {
 
 using namespace kerlune;
-
-// Default instances only, so that both sides do the same faces.
-std::vector<FontDescriptor> systemFaces()
-{
-    std::set<std::string> paths;
-    const Handle<FcConfig, FcConfigDestroy> config(FcInitLoadConfigAndFonts());
-    const FcFontSet *fonts = FcConfigGetFonts(config.get(), FcSetSystem);
-    for (int i = 0; i < fonts->nfont; ++i) {
-        FcChar8 *file = nullptr;
-        FcPatternGetString(fonts->fonts[i], FC_FILE, 0, &file);
-        paths.insert(reinterpret_cast<const char *>(file));
-    }
-    std::vector<FontDescriptor> faces;
-    for (const std::string &path : paths) {
-        for (const FontDescriptor &font : fontsOfFile(path).fonts) {
-            if (font.instanceIndex == 0)
-                faces.push_back(font);
-        }
-    }
-    return faces;
-}
 
 // A face that HarfBuzz reads through pread, with nothing around it.
 struct BareFile {

@@ -3,17 +3,15 @@
 // and renders the same glyphs. A second pair of numbers leaves the opening out. Prints the rates and their ratios.
 
 #include "MedianReporter.h"
-#include "Platform/FontCatalog.h"
 #include "Platform/LineDrawing.h"
 #include "Support/Handle.h"
+#include "SystemFaces.h"
 
 #include <benchmark/benchmark.h>
-#include <fontconfig/fontconfig.h>
 #include <ft2build.h>
 
 #include <cstdio>
 #include <memory>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -57,30 +55,20 @@ Handle<FT_FaceRec_, FT_Done_Face> openBare(const FontDescriptor &descriptor)
 // The faces that have all characters of the text, by outlines.
 std::vector<Sample> systemSamples()
 {
-    std::set<std::string> paths;
-    const Handle<FcConfig, FcConfigDestroy> config(FcInitLoadConfigAndFonts());
-    const FcFontSet *fonts = FcConfigGetFonts(config.get(), FcSetSystem);
-    for (int i = 0; i < fonts->nfont; ++i) {
-        FcChar8 *file = nullptr;
-        FcPatternGetString(fonts->fonts[i], FC_FILE, 0, &file);
-        paths.insert(reinterpret_cast<const char *>(file));
-    }
     std::vector<Sample> samples;
-    for (const std::string &path : paths) {
-        for (const FontDescriptor &descriptor : fontsOfFile(path).fonts) {
-            const auto face = FontFace::open(descriptor);
-            if (!face || descriptor.instanceIndex != 0)
-                continue;
-            const ShapedLine line = shape(*face, kText, {.size = kSize});
-            auto drawing = LineDrawing::create(*face);
-            auto bare = openBare(descriptor);
-            if (!drawing || !line.missingClusters.empty() || !bare || !FT_IS_SCALABLE(bare.get()))
-                continue;
-            Sample sample{descriptor, *face, std::move(*drawing), {}, std::move(bare)};
-            for (const ShapedGlyph &glyph : line.glyphs)
-                sample.glyphs.push_back(glyph.glyph);
-            samples.push_back(std::move(sample));
-        }
+    for (const FontDescriptor &descriptor : systemFaces()) {
+        const auto face = FontFace::open(descriptor);
+        if (!face)
+            continue;
+        const ShapedLine line = shape(*face, kText, {.size = kSize});
+        auto drawing = LineDrawing::create(*face);
+        auto bare = openBare(descriptor);
+        if (!drawing || !line.missingClusters.empty() || !bare || !FT_IS_SCALABLE(bare.get()))
+            continue;
+        Sample sample{descriptor, *face, std::move(*drawing), {}, std::move(bare)};
+        for (const ShapedGlyph &glyph : line.glyphs)
+            sample.glyphs.push_back(glyph.glyph);
+        samples.push_back(std::move(sample));
     }
     return samples;
 }

@@ -32,6 +32,8 @@ protected:
         setenv("XDG_CACHE_HOME", (m_home / "cache").c_str(), 1);
         setenv("XDG_CONFIG_HOME", (m_home / "config").c_str(), 1);
         setenv("FONTCONFIG_FILE", writeFontconfigFile(m_home, {fonts()}).c_str(), 1);
+        for (const char *variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+            unsetenv(variable); // a command that is missing would open the window
     }
 
     std::filesystem::path fonts() const { return m_home / "fonts"; }

@@ -13,7 +13,7 @@ namespace kerlune {
 inline std::filesystem::path writeFontconfigFile(const TempFolder &home,
                                                  std::initializer_list<std::filesystem::path> folders)
 {
-    std::string xml = "<?xml version=\"1.0\"?><!DOCTYPE fontconfig SYSTEM \"urn:fontconfig:fonts.dtd\"><fontconfig>";
+    std::string xml = R"(<?xml version="1.0"?><!DOCTYPE fontconfig SYSTEM "urn:fontconfig:fonts.dtd"><fontconfig>)";
     for (const auto &folder : folders)
         xml += "<dir>" + folder.string() + "</dir>";
     xml += "<cachedir>" + (home / "fontconfig-cache").string() + "</cachedir></fontconfig>";

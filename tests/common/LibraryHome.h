@@ -18,10 +18,11 @@
 namespace kerlune {
 
 // A home of its own with real fontconfig and files.
-class LibraryHome : public testing::Test {
+template <typename Application>
+class LibraryHomeOf : public testing::Test {
 protected:
-    LibraryHome() { setenv("FONTCONFIG_FILE", writeFontconfigFile(m_home, {m_home / "data/fonts"}).c_str(), 1); }
-    ~LibraryHome() override
+    LibraryHomeOf() { setenv("FONTCONFIG_FILE", writeFontconfigFile(m_home, {m_home / "data/fonts"}).c_str(), 1); }
+    ~LibraryHomeOf() override
     {
         unsetenv("FONTCONFIG_FILE");
         finishBackgroundWork();
@@ -47,11 +48,13 @@ protected:
     std::vector<std::string> linked() const { return FontLinks(activationLinksFolder(m_directories)).paths(); }
 
     int m_argc = 0;
-    QCoreApplication m_application{m_argc, nullptr};
+    Application m_application{m_argc, nullptr};
     TempFolder m_home;
     Directories m_directories = directoriesBelow(std::filesystem::canonical(m_home.path()));
     std::shared_ptr<ProcessFonts> m_processFonts = std::make_shared<ProcessFonts>();
     LinuxFontRegistry m_registry{m_processFonts, activationLinksFolder(m_directories)};
 };
+
+using LibraryHome = LibraryHomeOf<QCoreApplication>;
 
 } // namespace kerlune

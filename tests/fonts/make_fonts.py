@@ -201,6 +201,20 @@ def plain() -> Tables:
     return build("Essai Plain", names=PLAIN_NAMES)
 
 
+def block(width: int, height: int) -> Polygon:
+    return box(0, 0, width, height)
+
+
+def arch(stem: int, counter: int, height: int = 400) -> Polygon:
+    """Two stems and a bar of the same thickness over them."""
+    inner, outer = stem + counter, 2 * stem + counter
+    return [(0, 0), (0, height), (outer, height), (outer, 0), (inner, 0), (inner, height - stem),
+            (stem, height - stem), (stem, 0)]
+
+
+# Letters whose measures can be told in advance. The "o" of the wide one is drawn like an arch of thin and thick parts.
+EMPREINTE = {"a": block(400, 400), "n": arch(100, 200), "o": block(400, 400), "g": block(200, 400)}
+
 # File name to family and design.
 SIMPLE: dict[str, tuple[str, dict[str, Any]]] = {
     "weight-1001": ("Essai Mille", {"os2": {"usWeightClass": 1001, "usWidthClass": 10}}),
@@ -224,6 +238,13 @@ SIMPLE: dict[str, tuple[str, dict[str, Any]]] = {
     "cmap-symbol": ("Essai Prive", {"charset": characters(0xF020, 95), "subtables": ((4, 3, 0),)}),
     "cmap-12": ("Essai Douze", {"subtables": ((12, 3, 10),)}),
     "cmap-glyph0": ("Essai Nul", {"remap": {"A": ".notdef"}}),
+    "fingerprint-four": ("Essai Empreinte", {
+        "drawings": EMPREINTE, "unmapped": "eR", "advance": 500, "post": {"italicAngle": 9}}),
+    "fingerprint-three": ("Essai Empreinte Trois", {"drawings": EMPREINTE, "unmapped": "egR"}),
+    "fingerprint-flat": ("Essai Empreinte Plate", {"drawings": EMPREINTE, "heights": (5, 10)}),
+    "fingerprint-wide": ("Essai Empreinte Large", {
+        "drawings": EMPREINTE | {"o": [(0, 0), (0, 1000), (20, 1000), (20, 400), (1000, 400), (1000, 0)]},
+        "advance": 2000}),
     "family-10": ("Essai 10", {}),
     "family-9": ("Essai 9", {}),
     "family-9-capitals": ("ESSAI 9", {}),
@@ -289,6 +310,7 @@ def variation_table(first_name: int) -> tuple[Any, dict[int, str]]:
         axis = Axis()
         axis.axisTag, axis.axisNameID = tag, named(f"Axe {tag}")
         axis.minValue, axis.defaultValue, axis.maxValue = low, default, high
+        axis.flags = 1 if tag == "wdth" else 0  # hidden
         table.axes.append(axis)
     for style, place, postscript in INSTANCES:
         instance = NamedInstance()
@@ -428,6 +450,50 @@ def composites(family: str, depth: int, follow: Callable[[int], bytes]) -> Table
     return without(tables, "OS/2")
 
 
+FEATURES = """
+    feature liga { sub u0041 u0042 by u0043; } liga;
+    feature salt { sub u0041 from [u0042 u0043 u0044]; } salt;
+    feature ss01 { featureNames { name "Formes rondes"; }; sub u0041 by u0042; } ss01;
+    feature cv01 {
+        cvParameters {
+            FeatUILabelNameID { name "A du titre"; };
+            ParamUILabelNameID { name "haut"; };
+            ParamUILabelNameID { name "large"; };
+        };
+        sub u0041 from [u0042 u0043];
+    } cv01;
+    feature zzzz { sub u0041 by u0042; } zzzz;
+    feature kern { pos u0041 u0042 -50; } kern;
+"""
+
+
+def with_features() -> Tables:
+    font = opened(build("Essai Fonctions"))
+    addOpenTypeFeaturesFromString(font, FEATURES)
+    return tables_of(font)
+
+
+def endless_alternates() -> Tables:
+    """One feature with 60,000 lookups, all of them the same one with 60,000 sets of alternates."""
+    lookups, sets = 30_000, 30_000
+    script = struct.pack(">H4sH", 1, b"DFLT", 8) + struct.pack(">2H", 4, 0) + struct.pack(">3HH", 0, 0xFFFF, 1, 0)
+    features = struct.pack(">H4sH", 1, b"salt", 8) + struct.pack(f">2H{lookups}H", 0, lookups, *([0] * lookups))
+    table = struct.pack(">2H3H", 1, 0, 10, 10 + len(script), 0)
+    head = table + script
+    lookup_list_at = len(head) + 0
+    lookup = struct.pack(">4H", 3, 0, 1, 8) + struct.pack(f">3H{sets}H", 1, 0, sets, *([0] * sets))
+    lookup_list = struct.pack(">2H", 1, 4) + lookup
+    feature_at = lookup_list_at + len(lookup_list)
+    head = struct.pack(">2H3H", 1, 0, 10, feature_at, lookup_list_at) + script
+    return build("Essai Sans Fin") | {"GSUB": head + lookup_list + features}
+
+
+def mapped_groups(family: str, groups: list[tuple[int, int, int]], kind: int = 12) -> Tables:
+    data = b"".join(struct.pack(">3I", *group) for group in groups)
+    subtable = struct.pack(">2H3I", kind, 0, 16 + len(data), 0, len(groups)) + data
+    return build(family) | {"cmap": struct.pack(">4HI", 0, 1, 3, 10, 12) + subtable}
+
+
 def growing_text() -> Tables:
     font = opened(build("Essai Foule"))
     rules = "".join(f"lookup l{i} {{ sub u0061 by {'u0061 ' * 10}; }} l{i};\n" for i in range(30))
@@ -534,6 +600,12 @@ def table_sets() -> dict[str, Tables]:
         "composite-deep": composites("Essai Puits", 70, lambda g: composite(g + 1)),
         "composite-loop": composites("Essai Boucle", 1, lambda g: composite(g, g)),
         "gsub-bomb": growing_text(),
+        "features": with_features(),
+        "gsub-endless": endless_alternates(),
+        # Every code there is, by 200 groups that all say so.
+        "cmap-everything": mapped_groups("Essai Tout", [(0, 0xFFFFFFFF, 5)] * 200, 13),
+        "cmap-overlap": mapped_groups("Essai Chevauche", [
+            (0x41, 0x50, 2), (0x45, 0x48, 20), (0x4A, 0x60, 30), (0x40, 0x4C, 40), (0x70, 0x60, 3)]),
         "graphite-broken": plain() | {"Silf": struct.pack(">2I", 0x00030000, 0xFFFFFFFF)},
         "name-out-of-range": names_out_of_range(),
         "many-names": too_many_names(),
