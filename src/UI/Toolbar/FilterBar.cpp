@@ -24,10 +24,6 @@ constexpr int kMoreWidth = 28;
 FilterBar::FilterBar(Workspace &workspace, QWidget *parent)
     : QWidget(parent)
     , m_workspace(workspace)
-    , m_more(nullptr)
-    , m_update(nullptr)
-    , m_save(nullptr)
-    , m_clear(nullptr)
 {
     setObjectName(QStringLiteral("filterBar"));
     setFixedHeight(kFilterBarHeight);
