@@ -231,12 +231,16 @@ QWidget *SettingsWindow::searchPage()
     Preferences &preferences = m_workspace.preferences();
     auto *page = new QWidget;
     auto *layout = pageLayout(page, uiText("Recherche"));
-    layout->addWidget(switchOf(uiText("Polices similaires : ne comparer que les lettres latines"),
-                               preferences.similarLatinOnly, "similarLatinOnly"));
+    layout->addWidget(new QLabel(uiText("Écritures non latines")));
+    layout->addWidget(
+        switchOf(uiText("Écarter les polices non latines"), preferences.similarLatinOnly, "similarLatinOnly"));
+    layout->addWidget(
+        note(uiText("Les polices arabes, indiennes ou asiatiques ont souvent un latin générique qui remonte à tort "
+                    "dans les résultats.")));
+    layout->addSpacing(kGridStep);
     layout->addWidget(switchOf(uiText("Identification : chercher aussi dans Google Fonts"),
                                preferences.identifySearchesGoogle, "identifySearchesGoogle"));
-    layout->addSpacing(kGridStep);
-    layout->addWidget(note(uiText("Ces deux réglages sont gardés, mais n’ont pas encore d’effet dans cette version.")));
+    layout->addWidget(note(uiText("Ce réglage est gardé, mais n’a pas encore d’effet dans cette version.")));
     layout->addStretch(1);
     return page;
 }
