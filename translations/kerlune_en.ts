@@ -3967,12 +3967,12 @@ Free software under the MIT license.</translation>
             <translation>These two settings are kept, but have no effect in this version yet.</translation>
         </message>
         <message>
-            <source>Polices similaires : ne comparer que les lettres latines</source>
-            <translation>Similar fonts: compare Latin letters only</translation>
-        </message>
-        <message>
             <source>Identification : chercher aussi dans Google Fonts</source>
             <translation>Identification: search Google Fonts too</translation>
+        </message>
+        <message>
+            <source>Ce réglage est gardé, mais n’a pas encore d’effet dans cette version.</source>
+            <translation>This setting is kept, but has no effect in this version yet.</translation>
         </message>
         <message>
             <source>Aller d’une police à l’autre</source>

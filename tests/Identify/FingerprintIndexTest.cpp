@@ -193,9 +193,9 @@ TEST_F(FingerprintIndexTest, TakesTheFirstFaceOfAName)
         FingerprintIndex::Records records{first, std::make_shared<const FontRecord>(second)};
         if (!isFirst)
             std::swap(records[0], records[1]);
-        const auto store = FontIndexStore::open(m_home.path() / (isFirst ? "a.sqlite" : "b.sqlite"));
+        auto store = FontIndexStore::open(m_home.path() / (isFirst ? "a.sqlite" : "b.sqlite"));
         ASSERT_TRUE(store);
-        FingerprintIndex index(*store);
+        FingerprintIndex index(*std::move(store));
         QCoro::waitFor(index.load());
         QCoro::waitFor(index.build(records));
         const auto vector = index.vectors().find(first->postScriptName);
