@@ -147,9 +147,12 @@ def known_font(resolve, family, style):
 
 
 def has_taken(title, family, style):
-    title.SetInput("Font", family)
-    title.SetInput("Style", style)
-    return title.GetInput("Font") == family and title.GetInput("Style") == style
+    try:
+        title.SetInput("Font", family)
+        title.SetInput("Style", style)
+        return title.GetInput("Font") == family and title.GetInput("Style") == style
+    except Exception:
+        return False
 
 
 def change(composition, titles, family, style):
