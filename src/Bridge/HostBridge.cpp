@@ -17,8 +17,8 @@ namespace {
 using namespace ApplyOutcome;
 
 // Error numbers of Apple events.
-constexpr std::int64_t kNotPermitted = -1743; // errAEEventNotPermitted
-constexpr std::int64_t kNoSuchProcess = -600; // procNotFound
+constexpr std::int64_t kNotPermitted = -1743;  // errAEEventNotPermitted
+constexpr std::int64_t kNoSuchProcess = -600;  // procNotFound
 constexpr std::int64_t kConnectionLost = -609; // connectionInvalid
 
 // What the codes of the scripts mean. %1 and %2 are their arguments, %3 is the host.

@@ -17,7 +17,7 @@ namespace kerlune {
 
 namespace {
 
-constexpr std::size_t kLongestMessage = 300;        // characters
+constexpr std::size_t kLongestMessage = 300;          // characters
 constexpr std::size_t kLongestText = 8 * 1024 * 1024; // bytes; of a longer output the end counts
 
 bool isWithinCharacter(char byte)
@@ -175,8 +175,8 @@ private:
         if (error != QProcess::FailedToStart) // after any other it finishes
             return;
         m_deadline.stop();
-        m_caller.resume(ScriptFailure{ScriptFailure::kNotStarted, localized("Lancement impossible : ") +
-                                                                      m_process.errorString().toStdString()});
+        m_caller.resume(ScriptFailure{ScriptFailure::kNotStarted,
+                                      localized("Lancement impossible : ") + m_process.errorString().toStdString()});
         deleteLater();
     }
 
