@@ -83,7 +83,7 @@ TEST(HostScripts, HoldTheirPlacesOnlyAsWholeLiterals)
     }
 }
 
-// Each host knows the name that is asked for, and takes it as it is.
+// Each host knows the name that is asked for, and takes it as it is, but for its line ends.
 TEST(HostScripts, NoFontNameBecomesCode)
 {
     struct Case {
@@ -107,7 +107,8 @@ TEST(HostScripts, NoFontNameBecomesCode)
             SCOPED_TRACE(std::string(host.model) + ": " + name);
             Fixture fixture(host.app, host.model);
             const nlohmann::json literal = name; // written by another hand than the bridge's
-            fixture.eval("var hacked = false; var wanted = " + literal.dump(-1, ' ', true) + "; " + host.learn);
+            fixture.eval("var hacked = false; var wanted = " + literal.dump(-1, ' ', true) +
+                         R"(.replace(/\r\n?/g, "\n"); )" + host.learn);
             EXPECT_EQ(fixture.apply(name), ApplyResult(fixture.applied(1)));
             EXPECT_EQ(fixture.eval(std::string(host.font) + " === wanted"), "true");
             EXPECT_EQ(fixture.eval("hacked"), "false");

@@ -9,7 +9,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using nlohmann::json;
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::StartsWith;
 
