@@ -2531,6 +2531,10 @@
             <translation>Reading %1 styles…</translation>
         </message>
         <message>
+            <source>Analyse annulée. La bibliothèque reste comme elle était.</source>
+            <translation>Reading cancelled. The library stays as it was.</translation>
+        </message>
+        <message>
             <source>Enregistrement…</source>
             <translation>Saving…</translation>
         </message>
@@ -2704,6 +2708,10 @@
         <message>
             <source>Écriture impossible : </source>
             <translation>Cannot write: </translation>
+        </message>
+        <message>
+            <source> </source>
+            <translation>,</translation>
         </message>
         <message>
             <source>,</source>
@@ -3030,6 +3038,20 @@
             <translation>
                 <numerusform>Deactivating %1 family…</numerusform>
                 <numerusform>Deactivating %1 families…</numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <source>%1 familles activées.</source>
+            <translation>
+                <numerusform>%1 family activated.</numerusform>
+                <numerusform>%1 families activated.</numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <source>%1 familles désactivées.</source>
+            <translation>
+                <numerusform>%1 family deactivated.</numerusform>
+                <numerusform>%1 families deactivated.</numerusform>
             </translation>
         </message>
         <message>
@@ -4103,8 +4125,8 @@ Free software under the MIT license.</translation>
             <translation>It offers your recent and favorite fonts without opening the window. While it is there, closing the window does not quit Kerlune.</translation>
         </message>
         <message>
-            <source> pt</source>
-            <translation> pt</translation>
+            <source> px</source>
+            <translation> px</translation>
         </message>
         <message>
             <source>Texte montré</source>
@@ -4137,6 +4159,10 @@ Free software under the MIT license.</translation>
         <message>
             <source>Identification : chercher aussi dans Google Fonts</source>
             <translation>Identification: search Google Fonts too</translation>
+        </message>
+        <message>
+            <source>L’identification n’est pas encore dans cette version ; son réglage est gardé.</source>
+            <translation>Identification is not in this version yet; its setting is kept.</translation>
         </message>
         <message>
             <source>Aller d’une police à l’autre</source>
@@ -4196,6 +4222,10 @@ Free software under the MIT license.</translation>
                 <numerusform>%1 selected</numerusform>
                 <numerusform>%1 selected</numerusform>
             </translation>
+        </message>
+        <message>
+            <source>Lecture des caractères des polices…</source>
+            <translation>Reading the characters of fonts…</translation>
         </message>
         <message>
             <source>Polices récentes et favorites</source>

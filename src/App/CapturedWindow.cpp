@@ -151,7 +151,7 @@ int captureWindow(const ProgramParts &parts, const CaptureRequest &request)
     QCoreApplication::processEvents();
     const auto isPainted = [&] {
         captured->grab(); // what is in sight is wanted from here on
-        return window.isPainted() && program.previews().isIdle();
+        return window.isPainted() && program.previews().isIdle() && !state.isReadingGlyphs();
     };
     if (!waitFor(isPainted))
         return reportFailure(localized("La fenêtre n’a pas pu être dessinée à temps."));
