@@ -189,6 +189,7 @@ private:
                  localized("NOM-POSTSCRIPT"), m_arguments, localized("Le nom PostScript de la police."));
         addSimilar();
         addGoogle();
+        addApply();
         addBackup("backup", localized("Sauvegarde les tags, collections, favoris et familles récentes."),
                   runBackupCommand);
         addBackup("restore", localized("Ajoute ce que contient une sauvegarde."), runRestoreCommand);
@@ -223,6 +224,20 @@ private:
             ->add_flag_callback(
                 "--refresh", [this] { m_googleSource = CatalogSource::Service; },
                 localized("Demande le catalogue au service, même si celui du disque a moins de sept jours."))
+            ->group(optionsGroup());
+    }
+
+    void addApply()
+    {
+        CLI::App *apply =
+            addForTexts("apply", localized("Applique une police au texte sélectionné dans un autre programme."),
+                        [this](const CommandContext &context, const Arguments &words, OutputFormat format) {
+                            return runApplyCommand(context, words, m_host, format);
+                        });
+        addTexts(*apply, localized("NOM-POSTSCRIPT"), m_arguments, localized("Le nom PostScript de la police."));
+        addText(*apply, "--to", m_host,
+                localized("Le programme\u00A0: photoshop, illustrator, indesign, after-effects ou resolve."))
+            ->type_name(localized("PROGRAMME"))
             ->group(optionsGroup());
     }
 
@@ -280,6 +295,7 @@ private:
     std::string m_file;
     SimilarOptions m_similar;
     CatalogSource m_googleSource = CatalogSource::Usual;
+    std::string m_host;
     CaptureOptions m_capture;
     bool m_takesTexts = false; // which have to be UTF-8
     OutputFormat m_format = OutputFormat::Text;

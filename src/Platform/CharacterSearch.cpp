@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <charconv>
+#include <functional>
+#include <map>
 #include <optional>
 #include <string>
 
@@ -61,15 +63,33 @@ Meaning meaningOf(std::string_view query)
     return meaning;
 }
 
-bool isMeant(char32_t character, const Meaning &meaning)
+enum class Match { None, Beginnings, Words, Exact };
+
+Match match(std::string_view name, std::string_view word)
+{
+    Match best = Match::None;
+    for (std::size_t at = name.find(word); at != std::string_view::npos; at = name.find(word, at + 1)) {
+        if (at != 0 && name[at - 1] != ' ' && name[at - 1] != '-')
+            continue;
+        const std::size_t end = at + word.size();
+        if (end == name.size() || name[end] == ' ' || name[end] == '-')
+            return Match::Words;
+        best = Match::Beginnings;
+    }
+    return best;
+}
+
+Match match(char32_t character, const Meaning &meaning)
 {
     if (meaning.characters.find(character) != std::u32string::npos || meaning.codePoint == character)
-        return true;
+        return Match::Exact;
     if (meaning.words.empty())
-        return false;
+        return Match::None;
     const std::string name = characterName(character);
-    return std::all_of(meaning.words.begin(), meaning.words.end(),
-                       [&name](const std::string &word) { return name.find(word) != std::string::npos; });
+    Match least = Match::Words;
+    for (const std::string &word : meaning.words)
+        least = std::min(least, match(name, word));
+    return least;
 }
 
 } // namespace
@@ -83,12 +103,15 @@ std::vector<CharacterMap::Entry> searchCharacters(std::span<const CharacterMap::
     if (text.empty())
         return {characters.begin(), characters.end()};
     const Meaning meaning = meaningOf(text);
+    std::map<Match, std::vector<CharacterMap::Entry>, std::greater<>> matches;
     for (const CharacterMap::Entry &entry : characters) {
         if (stop)
             break;
-        if (isMeant(entry.character, meaning))
-            found.push_back(entry);
+        if (const Match how = match(entry.character, meaning); how != Match::None)
+            matches[how].push_back(entry);
     }
+    for (const auto &[how, entries] : matches)
+        found.insert(found.end(), entries.begin(), entries.end());
     return found;
 }
 

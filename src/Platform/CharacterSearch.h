@@ -9,10 +9,12 @@
 
 namespace kerlune {
 
-// The characters that a search means, in their order; all of them for an empty one. The search is
+// The characters that a search means, the best matches first, else in their order; all of them for an empty one. The
+// search is
 //   - the characters themselves: "é" or "→←",
 //   - a code point in hexadecimal: "U+2192", "0x2192", "2192",
-//   - or words that are all in the character's name in Unicode: "arrow right".
+//   - or words with which words of the character's name in Unicode begin: "arrow right". Names in which all stand as
+//     they are come before those in which one only begins so: "letter a" before "letter ae".
 // A text that can be read in several ways finds what each of them means. `stop` ends it early; the answer then lacks
 // some.
 //

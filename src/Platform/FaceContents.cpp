@@ -56,6 +56,11 @@ GlyphMeasures measureGlyph(const std::shared_ptr<const FontFace> &face, std::uin
     return measures;
 }
 
+bool isGraphic(char32_t character)
+{
+    return u_isgraph(static_cast<UChar32>(character)) != 0;
+}
+
 std::string characterName(char32_t character)
 {
     std::array<char, 256> name{};

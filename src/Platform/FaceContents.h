@@ -35,5 +35,7 @@ GlyphMeasures measureGlyph(const std::shared_ptr<const FontFace> &face, std::uin
 // The character's name in Unicode, such as "RIGHTWARDS ARROW"; a description such as "control-0009" where it has none.
 // Thread: any.
 std::string characterName(char32_t character);
+// Whether something is to be seen of it: not of spaces, control characters and what Unicode has not assigned.
+bool isGraphic(char32_t character);
 
 } // namespace kerlune

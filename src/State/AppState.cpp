@@ -104,7 +104,8 @@ AppState::AppState(const Surroundings &surroundings, const Delays &delays)
 
 AppState::~AppState()
 {
-    m_stop.request_stop();
+    m_indexing.request_stop();
+    m_glyphs.stopReading();
     saveSettings();
 }
 

@@ -19,6 +19,7 @@
 #include "Support/Debounce.h"
 
 #include <QCoroTask>
+#include <QFuture>
 #include <QObject>
 #include <QSettings>
 #include <QThreadPool>
@@ -113,9 +114,11 @@ public:
     Field<std::shared_ptr<const LoadedLibrary>> library; // never null
     Field<bool> isIndexing;                              // load() or rebuildIndex() runs
     Field<bool> hasLoaded;                               // load() has come to its end once
+    Field<bool> canCancelIndexing;                       // there is a library that can stay as it is
     Field<double> indexProgress;                         // 0…1
     Field<std::string> indexMessage;                     // what is being done, empty when nothing is
     Field<std::optional<std::string>> loadError;         // stands in place of the library
+    Field<bool> isReadingGlyphs;                         // the visible list waits for the characters of fonts
 
     // What the user has in front of them.
     QProperty<Filters> filters;
@@ -178,14 +181,18 @@ public:
     // Loading.
     QCoro::Task<> load();                   // a second one while one runs returns at once
     QCoro::Task<> rebuildIndex();           // likewise
+    void cancelIndexing();                  // where canCancelIndexing
     QCoro::Task<> refreshRegisteredFonts(); // takes over what the system offers by now
     void reloadUserData();                  // takes over what other processes made
 
     // The visible list and the numbers beside the sidebar, computed when something that they depend on has changed.
     // What a reference leads to is good until the next change of the state.
     const Families &visibleFamilies() const;
+    // From now on a list for which fonts must be asked for their characters is computed on other threads; until then
+    // the former one stands and isReadingGlyphs tells.
+    void readGlyphsInBackground();
     Families computeVisibleFamilies() const;
-    Families visibleFamiliesWith(const Filters &otherFilters) const; // in place of those that are set
+    QCoro::Task<std::int64_t> countVisibleWith(Filters otherFilters); // in place of those that are set
     FilterSignature filterSignature() const;
     const LibraryCounts &counts() const;
     const std::map<std::string, std::int64_t> &languageCounts() const; // by language id
@@ -262,6 +269,10 @@ private:
     void saveSettings();
     void followOtherProcesses(const Directories &directories);
     void followVisibleList();
+    bool isVisibleListValid(const FilterSignature &signature) const;
+    bool requiresGlyphs() const;
+    QCoro::Task<> readGlyphs();
+    QFuture<Families> listOnOtherThread(Filters otherFilters);
     void publish(std::shared_ptr<const LoadedLibrary> loaded);
     void finishIndexing();
     void showProgress(int done, int total);
@@ -301,6 +312,7 @@ private:
 
     std::int64_t m_listRevision = 0; // grows with changes that the signature does not tell apart
     mutable GlyphCoverage m_glyphs;
+    bool m_glyphsInBackground = false;
     mutable std::optional<CachedList> m_visible;
     mutable std::optional<LibraryCounts> m_counts;
     mutable std::optional<std::map<std::string, std::int64_t>> m_languageCounts;
@@ -311,7 +323,7 @@ private:
     Debounce m_noticeDismissal;
     Debounce m_feedbackDismissal;
     std::vector<QPropertyNotifier> m_observers;
-    std::stop_source m_stop;
+    std::stop_source m_indexing;
     QThreadPool m_pool; // the last one: it waits for what still runs
 };
 

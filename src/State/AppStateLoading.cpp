@@ -114,6 +114,12 @@ QCoro::Task<> AppState::rebuildIndex()
         finishIndexing();
 }
 
+void AppState::cancelIndexing()
+{
+    if (canCancelIndexing())
+        m_indexing.request_stop();
+}
+
 void AppState::finishIndexing()
 {
     indexMessage.set({});
@@ -157,9 +163,11 @@ QCoro::Task<bool> AppState::readStoredRecords()
 QCoro::Task<> AppState::index(std::int64_t count)
 {
     const QPointer<AppState> self(this);
+    m_indexing = std::stop_source();
+    canCancelIndexing.set(!families().empty());
     indexMessage.set(localized("Analyse de %1 graisses…", {std::to_string(count)}));
     const QFuture<Library> building =
-        QtConcurrent::run(&m_pool, [&catalog = m_catalog, stop = m_stop.get_token()](QPromise<Library> &promise) {
+        QtConcurrent::run(&m_pool, [&catalog = m_catalog, stop = m_indexing.get_token()](QPromise<Library> &promise) {
             buildLibrary(promise, catalog, stop);
         });
     QFutureWatcher<Library> progress;
@@ -169,6 +177,11 @@ QCoro::Task<> AppState::index(std::int64_t count)
     const Library built = co_await building;
     if (!self)
         co_return;
+    canCancelIndexing.set(false);
+    if (m_indexing.stop_requested()) {
+        setNotice({localized("Analyse annulée. La bibliothèque reste comme elle était."), false});
+        co_return;
+    }
     publish(built);
     indexMessage.set(localized("Enregistrement…"));
     co_await saveIndex(nullptr);
@@ -195,7 +208,9 @@ void AppState::publish(std::shared_ptr<const LoadedLibrary> loaded)
 {
     m_counts.reset();
     m_languageCounts.reset();
-    auto former = std::pair(library(), std::exchange(m_visible, std::nullopt));
+    ++m_listRevision;
+    const bool standsOn = m_glyphsInBackground && requiresGlyphs(); // readGlyphs() replaces it
+    auto former = std::pair(library(), standsOn ? std::nullopt : std::exchange(m_visible, std::nullopt));
     library.set(std::move(loaded));
     m_pool.start([former = std::move(former)] {}); // freeing a hundred thousand records takes more than a frame
 }

@@ -47,6 +47,11 @@ void GlyphCoverage::clear()
     m_bytes = 0;
 }
 
+void GlyphCoverage::stopReading()
+{
+    m_isStopped = true;
+}
+
 GlyphCoverage::Map GlyphCoverage::characterMap(const FontRecord &face)
 {
     {
@@ -55,6 +60,8 @@ GlyphCoverage::Map GlyphCoverage::characterMap(const FontRecord &face)
         if (known != m_entries.end() && known->second.path == face.filePath && known->second.mtime == face.mtime)
             return known->second.map;
     }
+    if (m_isStopped)
+        return nullptr;
     auto map = readMap(face);
     const std::lock_guard lock(m_mutex);
     if (map == nullptr || m_bytes + map->byteCount() > kMostBytes)

@@ -3,6 +3,7 @@
 #include "Model/FontFamily.h"
 #include "Platform/CharacterMap.h"
 
+#include <atomic>
 #include <cstddef>
 #include <memory>
 #include <mutex>
@@ -24,7 +25,8 @@ public:
     std::vector<FontFamilyPointer> familiesWith(std::u32string_view characters,
                                                 const std::vector<FontFamilyPointer> &families);
 
-    void clear(); // what was read is forgotten
+    void clear();       // what was read is forgotten
+    void stopReading(); // from now on nothing is read any more, and families that were not read have no character
 
 private:
     using Map = std::shared_ptr<const CharacterMap>;
@@ -37,6 +39,7 @@ private:
 
     Map characterMap(const FontRecord &face); // null when it cannot be read
 
+    std::atomic<bool> m_isStopped = false;
     std::mutex m_mutex;                               // guards what follows
     std::unordered_map<std::string, Entry> m_entries; // by PostScript name
     std::size_t m_bytes = 0;                          // of the maps kept

@@ -52,13 +52,15 @@ std::string localizedCount(const char *singular, const char *plural, std::int64_
 
 std::string groupedDigits(std::int64_t number)
 {
+    const std::string mark = localized(" "); // between groups of three digits: a narrow space that does not break
     std::string digits = std::to_string(number);
-    const std::size_t first = number < 0 ? 1 : 0;
-    for (std::size_t i = digits.size(); i > first + 3;) {
+    if (number < 0)
+        digits.erase(0, 1);
+    for (std::size_t i = digits.size(); i > 3;) {
         i -= 3;
-        digits.insert(i, "\u202F");
+        digits.insert(i, mark);
     }
-    return digits;
+    return number < 0 ? "−" + digits : digits;
 }
 
 std::string decimalDigits(double number)

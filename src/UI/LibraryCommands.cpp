@@ -358,9 +358,14 @@ QCoro::Task<> LibraryCommands::activate(Names files, std::int64_t familyCount, b
     beginWork(on ? uiCount("Activation de %1 famille…", "Activation de %1 familles…", familyCount)
                  : uiCount("Désactivation de %1 famille…", "Désactivation de %1 familles…", familyCount));
     auto changing = m_state.setFilesActive(std::move(files), on);
-    co_await changing;
-    if (self)
-        endWork();
+    const bool isDone = co_await changing; // else the state has said what failed
+    if (!self)
+        co_return;
+    endWork();
+    if (isDone && familyCount > 1) {
+        m_state.setNotice({on ? localizedCount("%1 famille activée.", "%1 familles activées.", familyCount)
+                              : localizedCount("%1 famille désactivée.", "%1 familles désactivées.", familyCount)});
+    }
 }
 
 void LibraryCommands::beginWork(const QString &text)

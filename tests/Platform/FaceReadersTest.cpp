@@ -99,6 +99,9 @@ TEST(CharacterSearch, FindsByCharacterCodeAndName)
     EXPECT_NE(find("face").find(U'☺'), std::u32string::npos) << "a word that is a number too";
     EXPECT_EQ(find("arrow right"), find("RIGHT  arrow"));
     EXPECT_GT(find("arrow right").size(), 20U);
+    EXPECT_EQ(find("small letter a").substr(0, 2), U"aà"); // the word before those that begin with it
+    EXPECT_NE(find("small letter a").find(U'æ'), std::u32string::npos);
+    EXPECT_EQ(find("ette"), U"") << "no word begins so";
     EXPECT_EQ(find("U+110000"), U"");
     EXPECT_EQ(find("\xFF"), U"\uFFFD");
     EXPECT_EQ(find("").size(), characters.size());

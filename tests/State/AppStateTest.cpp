@@ -219,6 +219,24 @@ TEST_F(AppStateTest, ARefreshGivesWayToAnIndexThatIsBuiltMeanwhile)
     EXPECT_EQ(program->state.store()->indexedCount(), 3);
 }
 
+TEST_F(AppStateTest, ARebuildThatIsCancelledLeavesTheLibraryAsItWas)
+{
+    put("data/fonts/a.ttf");
+    const auto program = open();
+    AppState &state = program->state;
+    const auto observer = state.canCancelIndexing.observe([&state] { state.cancelIndexing(); });
+    program->load(); // there is nothing yet that could stay
+    EXPECT_THAT(program->names(), SizeIs(1));
+    EXPECT_FALSE(state.notice());
+
+    put("data/fonts/b.ttf", "italic.ttf");
+    QCoro::waitFor(state.rebuildIndex());
+    EXPECT_THAT(program->names(), SizeIs(1));
+    EXPECT_EQ(state.store()->indexedCount(), 1);
+    EXPECT_TRUE(state.notice());
+    EXPECT_FALSE(state.isIndexing() || state.canCancelIndexing());
+}
+
 TEST_F(AppStateTest, DismissesWhatHasHappenedAfterItsOwnTime)
 {
     AppState::Delays delays = kQuick;
@@ -288,6 +306,39 @@ TEST_F(AppStateTest, ComputesTheVisibleListWhenWhatItDependsOnChanges)
     EXPECT_EQ(state.visibleFamilies()[0]->name, other);
     state.noteUsed(family);
     EXPECT_EQ(state.visibleFamilies()[0]->name, family);
+}
+
+TEST_F(AppStateTest, AsksFontsForTheirCharactersWithoutBlocking)
+{
+    put("data/fonts/a.ttf");
+    put("data/fonts/b.ttf", "italic.ttf");
+    const auto program = open();
+    program->load();
+    AppState &state = program->state;
+    state.readGlyphsInBackground();
+    const auto all = state.visibleFamilies();
+    const auto isRead = [&] { return !state.isReadingGlyphs(); };
+
+    state.filters = Filters{.requiredGlyphs = "\U0001F600"};
+    EXPECT_TRUE(state.isReadingGlyphs());
+    EXPECT_EQ(state.visibleFamilies(), all);        // what was there stands until then
+    state.filters = Filters{.requiredGlyphs = "H"}; // while it is read
+    ASSERT_TRUE(waitUntil(isRead));
+    EXPECT_EQ(state.visibleFamilies(), state.computeVisibleFamilies());
+
+    state.filters = Filters{.requiredGlyphs = "\U0001F600"};
+    const std::string id = *state.saveCurrentFiltersAsSmartCollection("visages");
+    state.filters = Filters{};
+    state.sidebarSelection = SidebarSelection{};
+    ASSERT_TRUE(waitUntil(isRead));
+    EXPECT_EQ(state.visibleFamilies(), all);
+    state.sidebarSelection = SidebarSelection{.kind = Kind::smart, .key = id};
+    EXPECT_TRUE(state.isReadingGlyphs());
+    ASSERT_TRUE(waitUntil(isRead));
+    EXPECT_THAT(state.visibleFamilies(), IsEmpty());
+    EXPECT_EQ(QCoro::waitFor(state.countVisibleWith(Filters{.requiredGlyphs = "H"})), 0);
+
+    state.filters = Filters{.requiredGlyphs = "x"}; // and it goes away meanwhile
 }
 
 TEST_F(AppStateTest, TagsFollowTheirNameInTheSidebar)

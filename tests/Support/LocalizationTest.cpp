@@ -48,8 +48,8 @@ TEST(Localization, CountsAsFrenchDoes)
     EXPECT_EQ(localizedCount("%1 graisse", "%1 graisses", 1), "1 graisse");
     EXPECT_EQ(localizedCount("%1 graisse", "%1 graisses", 2), "2 graisses");
     EXPECT_EQ(localizedCount("%1 graisse", "%1 graisses", 1'234'567), "1\u202F234\u202F567 graisses");
-    EXPECT_EQ(groupedDigits(-1000), "-1\u202F000");
-    EXPECT_EQ(groupedDigits(-100), "-100");
+    EXPECT_EQ(groupedDigits(-1000), "−1\u202F000");
+    EXPECT_EQ(groupedDigits(-100), "−100");
     EXPECT_EQ(decimalDigits(12.46), "12,5");
 }
 

@@ -147,6 +147,8 @@ FactList::Row FactList::makeRow(int index)
         if (const QUrl target = link->property("link-target").toUrl(); target.isValid())
             Q_EMIT linkActivated(target);
     });
+    // It is made when the facts are known, after what stands below the list.
+    setTabOrder(m_rows.empty() ? static_cast<QWidget *>(this) : m_rows.back().link, link);
     m_grid->addWidget(label, index, 0);
     m_grid->addWidget(value, index, 1);
     m_grid->addWidget(link, index, 1, Qt::AlignLeft | Qt::AlignTop);

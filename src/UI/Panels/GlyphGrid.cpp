@@ -26,6 +26,14 @@ QString codeText(char32_t character)
     return QStringLiteral("%1").arg(static_cast<std::uint32_t>(character), 4, 16, QLatin1Char('0')).toUpper();
 }
 
+// Fonts begin with control characters and the space, of which nothing is seen.
+int firstWithInk(const GlyphGrid::Entries &entries)
+{
+    const auto first = std::find_if(entries.begin(), entries.end(),
+                                    [](const CharacterMap::Entry &entry) { return isGraphic(entry.character); });
+    return entries.empty() ? -1 : first == entries.end() ? 0 : static_cast<int>(first - entries.begin());
+}
+
 } // namespace
 
 GlyphGrid::GlyphGrid(const Theme &theme, GlyphImages &images, QWidget *parent)
@@ -46,10 +54,10 @@ void GlyphGrid::setEntries(Entries entries)
     const CharacterMap::Entry *const before = current();
     const char32_t character = before == nullptr ? 0 : before->character;
     m_entries = std::move(entries);
-    const auto same = std::lower_bound(m_entries.begin(), m_entries.end(), character,
-                                       [](const auto &entry, char32_t wanted) { return entry.character < wanted; });
-    const bool isThere = same != m_entries.end() && same->character == character && character != 0;
-    m_current = isThere ? static_cast<int>(same - m_entries.begin()) : (m_entries.empty() ? -1 : 0);
+    const auto same = std::find_if(m_entries.begin(), m_entries.end(),
+                                   [character](const auto &entry) { return entry.character == character; });
+    const bool isThere = same != m_entries.end() && character != 0;
+    m_current = isThere ? static_cast<int>(same - m_entries.begin()) : firstWithInk(m_entries);
     layOut();
     verticalScrollBar()->setValue(0);
     if (isThere)

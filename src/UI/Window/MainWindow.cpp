@@ -31,6 +31,7 @@ namespace kerlune {
 namespace {
 
 constexpr QSize kLeastSize{900, 560};
+constexpr std::chrono::seconds kKeepingDelay{1};
 constexpr int kSidebarWidth = 220;
 constexpr int kInspectorWidth = 300;
 constexpr std::chrono::milliseconds kPaintCheckInterval{4};
@@ -318,6 +319,14 @@ void MainWindow::restoreLayout()
     if (panel.isValid() && panel.toInt() >= 0 && panel.toInt() <= static_cast<int>(Workspace::Panel::similar))
         m_inspector->showPanel(static_cast<Workspace::Panel>(panel.toInt()));
     checkSelection();
+
+    // Kept soon after each change, not only at closing: a session may end without it.
+    m_keeping.setSingleShot(true);
+    connect(&m_keeping, &QTimer::timeout, this, &MainWindow::keepLayout);
+    const auto keep = [this] { m_keeping.start(kKeepingDelay); };
+    connect(m_splitter, &QSplitter::splitterMoved, this, keep);
+    m_observers.push_back(state.viewMode.addNotifier(keep));
+    m_observers.push_back(state.sidebarSelection.addNotifier(keep));
 }
 
 // What was selected may be gone, which shows only when the library has been read.
@@ -364,6 +373,13 @@ void MainWindow::keepLayout()
     if (m_isSelectionChecked) // else what was kept stands
         kept.setLayout(key("selection"),
                        QString::fromStdString(selectionText(m_workspace.state().sidebarSelection.value())));
+}
+
+void MainWindow::resizeEvent(QResizeEvent *event)
+{
+    QMainWindow::resizeEvent(event);
+    if (isVisible())
+        m_keeping.start(kKeepingDelay);
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)

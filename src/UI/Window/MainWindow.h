@@ -48,6 +48,7 @@ Q_SIGNALS:
 
 protected:
     void changeEvent(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
@@ -77,6 +78,7 @@ private:
     LargePreview *m_largePreview = nullptr;
     WindowMenus *m_menus = nullptr;
     QTimer m_paintCheck;
+    QTimer m_keeping;
     bool m_isSelectionChecked = false; // what was selected the last time exists, or gave way
     QStringList m_opened;              // files whose families are to be selected once the library has them
     QStringList m_added;               // those of them whose folders are added for it

@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QPointer>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -38,7 +39,6 @@ Pages::Pages(Workspace &workspace, QWidget *browser, QWidget *parent)
 
     m_updating.setSingleShot(true);
     connect(&m_updating, &QTimer::timeout, this, &Pages::update);
-    connect(&m_counting, &QTimer::timeout, this, &Pages::countNext);
     m_patience.setSingleShot(true);
     connect(&m_patience, &QTimer::timeout, this, &Pages::update);
     m_patience.start(kPatience);
@@ -61,7 +61,7 @@ bool Pages::isBrowserShown() const
 
 bool Pages::isSettled() const
 {
-    return !m_updating.isActive() && !m_counting.isActive();
+    return !m_updating.isActive() && !m_isCounting;
 }
 
 void Pages::changeEvent(QEvent *event)
@@ -87,14 +87,15 @@ Pages::Page Pages::wantedPage() const
     if (state.families().empty())
         return state.hasLoaded() && !state.isIndexing() ? Page::NoFonts : Page::Loading;
     const bool showsComparison = state.effectiveViewMode() == ViewMode::compare && !state.comparisonSet.value().empty();
-    if (showsComparison || !state.visibleFamilies().empty())
+    if (showsComparison || !state.visibleFamilies().empty() || state.isReadingGlyphs())
         return Page::Browser;
     return state.filters.value().isActive() ? Page::NoResult : Page::EmptySelection;
 }
 
 void Pages::update()
 {
-    m_counting.stop();
+    ++m_countingRun;
+    m_isCounting = false;
     m_page = wantedPage();
     if (*m_page != Page::Browser)
         m_message->setContent(contentOf(*m_page));
@@ -167,24 +168,26 @@ MessagePage::Content Pages::noResult()
     content.buttons.push_back({uiText("Tout effacer"), [&state] { state.filters = Filters(); }, true});
     for (MessagePage::Button &button : content.buttons)
         button.text.replace(u'&', QStringLiteral("&&"));
-    m_counted = 0;
-    m_counting.start(0);
+    m_isCounting = true;
+    QTimer::singleShot(0, this, [this, run = m_countingRun] { countCriteria(run); }); // the page has to stand first
     return content;
 }
 
-void Pages::countNext()
+QCoro::Task<> Pages::countCriteria(int run)
 {
-    if (m_counted >= m_criteria.size()) {
-        m_counting.stop();
-        return;
+    const QPointer<Pages> self(this);
+    for (std::size_t i = 0; run == m_countingRun && i < m_criteria.size(); ++i) {
+        auto counting = m_workspace.state().countVisibleWith(m_criteria[i].lifted);
+        const std::int64_t count = co_await counting;
+        if (!self || run != m_countingRun)
+            co_return;
+        const QString text = uiText("Sans : %1", {m_criteria[i].text}) + QStringLiteral(" · ") +
+                             uiCount("%1 famille", "%1 familles", count);
+        m_message->setButtonText(i, QString(text).replace(u'&', QStringLiteral("&&")));
+        m_message->setButtonVisible(i, count > 0); // one that brings nothing back is no way out
     }
-    const FilterCriterion &criterion = m_criteria[m_counted];
-    const auto count = static_cast<std::int64_t>(m_workspace.state().visibleFamiliesWith(criterion.lifted).size());
-    const QString text =
-        uiText("Sans : %1", {criterion.text}) + QStringLiteral(" · ") + uiCount("%1 famille", "%1 familles", count);
-    m_message->setButtonText(m_counted, QString(text).replace(u'&', QStringLiteral("&&")));
-    m_message->setButtonVisible(m_counted, count > 0); // one that brings nothing back is no way out
-    ++m_counted;
+    if (run == m_countingRun)
+        m_isCounting = false;
 }
 
 MessagePage::Content Pages::emptySelection() const

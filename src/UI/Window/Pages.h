@@ -4,6 +4,7 @@
 #include "UI/Window/MessagePage.h"
 #include "UI/Workspace.h"
 
+#include <QCoroTask>
 #include <QTimer>
 #include <QWidget>
 
@@ -41,7 +42,7 @@ private:
     MessagePage::Content contentOf(Page page);
     MessagePage::Content noResult();
     MessagePage::Content emptySelection() const;
-    void countNext();
+    QCoro::Task<> countCriteria(int run);
 
     Workspace &m_workspace;
     QStackedWidget *m_stack;
@@ -51,9 +52,9 @@ private:
     WelcomeBanner *m_welcome;
     std::optional<Page> m_page;
     std::vector<FilterCriterion> m_criteria; // those offered to be lifted
-    std::size_t m_counted = 0;               // of them, how many bear the number of families that come back
+    int m_countingRun = 0;
+    bool m_isCounting = false; // how many families each of them brings back
     QTimer m_updating;
-    QTimer m_counting;
     QTimer m_patience;
     std::vector<QPropertyNotifier> m_observers;
 };

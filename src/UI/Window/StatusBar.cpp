@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
+#include <QToolButton>
 
 namespace kerlune {
 
@@ -22,6 +23,7 @@ StatusBar::StatusBar(Workspace &workspace, QWidget *parent)
     , m_summary(new QLabel)
     , m_work(new QLabel)
     , m_progress(new QProgressBar)
+    , m_cancel(new QToolButton)
 {
     setObjectName(QStringLiteral("statusBar"));
     setFixedHeight(kHeight);
@@ -42,6 +44,10 @@ StatusBar::StatusBar(Workspace &workspace, QWidget *parent)
     layout->addWidget(m_summary, 1);
     layout->addWidget(m_work);
     layout->addWidget(m_progress);
+    layout->addWidget(m_cancel);
+    m_cancel->setObjectName(QStringLiteral("cancelIndexing"));
+    m_cancel->setFont(Theme::font(TextSize::small));
+    connect(m_cancel, &QToolButton::clicked, &m_workspace.state(), &AppState::cancelIndexing);
 
     m_refreshing.setSingleShot(true);
     connect(&m_refreshing, &QTimer::timeout, this, &StatusBar::refresh);
@@ -52,6 +58,8 @@ StatusBar::StatusBar(Workspace &workspace, QWidget *parent)
     m_observers.push_back(state.indexMessage.observe(work));
     m_observers.push_back(state.indexProgress.observe(work));
     m_observers.push_back(state.isIndexing.observe(work));
+    m_observers.push_back(state.canCancelIndexing.observe(work));
+    m_observers.push_back(state.isReadingGlyphs.observe(work));
     m_observers.push_back(m_workspace.commands().work.addNotifier(work));
     refresh();
     showWork();
@@ -82,11 +90,15 @@ void StatusBar::showWork()
     const AppState &state = m_workspace.state();
     const QString work = m_workspace.commands().work.value();
     const bool isIndexing = state.isIndexing();
-    m_work->setText(isIndexing ? shown(state.indexMessage()) : work);
+    m_work->setText(isIndexing                ? shown(state.indexMessage())
+                    : state.isReadingGlyphs() ? uiText("Lecture des caractères des polices…")
+                                              : work);
     m_work->setVisible(!m_work->text().isEmpty());
     m_progress->setVisible(isIndexing);
     m_progress->setValue(static_cast<int>(state.indexProgress() * 1000));
     m_progress->setAccessibleName(m_work->text());
+    m_cancel->setText(uiText("Annuler"));
+    m_cancel->setVisible(state.canCancelIndexing());
 }
 
 void StatusBar::changeEvent(QEvent *event)

@@ -9,6 +9,7 @@
 
 class QLabel;
 class QProgressBar;
+class QToolButton;
 
 namespace kerlune {
 
@@ -34,6 +35,7 @@ private:
     QLabel *m_summary;
     QLabel *m_work;
     QProgressBar *m_progress;
+    QToolButton *m_cancel;
     QTimer m_refreshing;
     std::vector<QPropertyNotifier> m_observers;
 };
