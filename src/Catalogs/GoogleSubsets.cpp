@@ -101,7 +101,7 @@ QFuture<GoogleSubsets::Font> GoogleSubsets::fetch(const std::string &family, con
         return running->second;
     const auto promise = std::make_shared<QPromise<Font>>();
     promise->start();
-    const QFuture<Font> future = promise->future();
+    QFuture<Font> future = promise->future();
     m_running.emplace(name, future);
     run(name, m_addresses.styleSheet(family, spec, text), promise);
     return future;

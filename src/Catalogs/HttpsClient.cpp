@@ -56,8 +56,8 @@ struct HttpsClient::Origin {
 };
 
 struct HttpsClient::Job {
-    Job(const QUrl &address, const Limits &given, Progress progress)
-        : url(address)
+    Job(QUrl address, const Limits &given, Progress progress)
+        : url(std::move(address))
         , limits(given)
         , onProgress(std::move(progress))
     {}
@@ -115,7 +115,7 @@ QFuture<HttpsClient::Result> HttpsClient::get(const QUrl &url, const Limits &lim
 {
     const auto job = std::make_shared<Job>(url, limits, std::move(onProgress));
     job->promise.start();
-    const QFuture<Result> future = job->promise.future();
+    QFuture<Result> future = job->promise.future();
     if (!mayFetch(url)) {
         finish(*job, tl::unexpected(Error{Error::Case::notHttps, url.host().toStdString()}));
         return future;

@@ -59,9 +59,12 @@ QCoro::Task<> AppState::loadGoogleCatalog(bool force)
     auto fetched = co_await GoogleFontsCatalog::fetchCatalog(m_http, m_googleAddresses.metadata, m_googleCacheFile);
     if (!self)
         co_return;
-    if (fetched)
+    if (fetched) {
         googleCatalog.set(*std::move(fetched));
-    googleCatalogError.set(fetched ? std::nullopt : std::optional(fetched.error().description()));
+        googleCatalogError.set(std::nullopt);
+    } else {
+        googleCatalogError.set(fetched.error().description());
+    }
     googleCatalogLoading.set(false);
 }
 
