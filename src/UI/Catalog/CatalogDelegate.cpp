@@ -125,9 +125,9 @@ void CatalogDelegate::paintPreview(QPainter &painter, const QRect &cell, int row
     } else if (m_workspace.state().googlePreviews().hasFailed(m_model.family(row).family)) {
         painter.setFont(Theme::font(TextSize::large));
         painter.setPen(colors.secondaryText);
-        painter.drawText(area, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                         painter.fontMetrics().elidedText(shown(m_model.family(row).shownName()), Qt::ElideMiddle,
-                                                          area.width()));
+        painter.drawText(
+            area, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+            painter.fontMetrics().elidedText(shown(m_model.family(row).shownName()), Qt::ElideMiddle, area.width()));
     } else {
         const double height = std::clamp(area.height() / 6.0, 4.0, 10.0);
         painter.setPen(Qt::NoPen);

@@ -177,10 +177,10 @@ void CatalogDetails::showInstallation()
 
 void CatalogDetails::showPreview()
 {
-    m_preview->setContent({.face = m_family ? m_workspace.state().googlePreviews().descriptor(m_family->family)
-                                            : FontRecordPointer(),
-                           .text = m_workspace.previewText(),
-                           .emSize = kDetailsPreviewSize});
+    m_preview->setContent(
+        {.face = m_family ? m_workspace.state().googlePreviews().descriptor(m_family->family) : FontRecordPointer(),
+         .text = m_workspace.previewText(),
+         .emSize = kDetailsPreviewSize});
 }
 
 void CatalogDetails::changeEvent(QEvent *event)

@@ -158,8 +158,7 @@ void CatalogList::mousePressEvent(QMouseEvent *event)
 {
     QListView::mousePressEvent(event);
     const QModelIndex index = indexAt(event->pos());
-    const bool isOnSign =
-        index.isValid() && m_delegate->signRect(visualRect(index)).contains(event->pos());
+    const bool isOnSign = index.isValid() && m_delegate->signRect(visualRect(index)).contains(event->pos());
     if (isOnSign && event->button() == Qt::LeftButton)
         Q_EMIT installWanted(m_model.family(index.row()).family);
 }

@@ -130,11 +130,10 @@ void CatalogPage::showMessage()
                                             },
                                             true}}});
     } else if (const auto &error = state.googleCatalogError(); error && !state.googleCatalogLoading()) {
-        m_message->setContent(
-            {.icon = "warning",
-             .title = uiText("Catalogue indisponible"),
-             .text = shown(*error),
-             .buttons = {{uiText("Réessayer"), [&state] { state.loadGoogleCatalog(true); }, true}}});
+        m_message->setContent({.icon = "warning",
+                               .title = uiText("Catalogue indisponible"),
+                               .text = shown(*error),
+                               .buttons = {{uiText("Réessayer"), [&state] { state.loadGoogleCatalog(true); }, true}}});
     } else {
         m_message->setContent({.icon = "globe",
                                .title = uiText("Lecture du catalogue Google Fonts…"),
