@@ -63,9 +63,9 @@ QRect CatalogDelegate::signRect(const QRect &cell) const
     return {inner.right() + 1 - kCardPadding - kSignRoom + 6, name.center().y() - kSignRoom / 2, kSignRoom, kSignRoom};
 }
 
-PreviewRequest CatalogDelegate::request(int row, const QSize &cell, qreal devicePixelRatio) const
+PreviewRequest CatalogDelegate::request(int row, qreal devicePixelRatio) const
 {
-    const QRect area = previewRect(QRect(QPoint(0, 0), cell));
+    const QRect area = previewRect(QRect(QPoint(0, 0), m_cell));
     return {.face = m_workspace.state().googlePreviews().descriptor(m_model.family(row).family),
             .text = m_workspace.previewText(),
             .emPixels = m_workspace.state().previewSize.value() * devicePixelRatio,
@@ -118,7 +118,7 @@ void CatalogDelegate::paintPreview(QPainter &painter, const QRect &cell, int row
 {
     const ThemeColors &colors = m_workspace.theme().colors();
     const QRect area = previewRect(cell);
-    const PreviewRequest wanted = request(row, cell.size(), painter.device()->devicePixelRatioF());
+    const PreviewRequest wanted = request(row, painter.device()->devicePixelRatioF());
     const PreviewPointer preview = wanted.face == nullptr ? nullptr : m_workspace.previews().find(wanted);
     if (preview != nullptr) {
         PreviewPainting::paint(painter, area, wanted, *preview, m_workspace.theme());
@@ -192,7 +192,7 @@ void CatalogDelegate::paintSign(QPainter &painter, const QRect &cell, int row) c
 
 QSize CatalogDelegate::sizeHint(const QStyleOptionViewItem &, const QModelIndex &) const
 {
-    return {0, height()}; // the list gives the width
+    return m_cell;
 }
 
 } // namespace kerlune

@@ -23,10 +23,12 @@ public:
     void setForm(Form form) { m_form = form; }
     Form form() const { return m_form; }
     int height() const; // of a card or a line at the chosen preview size
+    void setCell(const QSize &cell) { m_cell = cell; }
+    const QSize &cell() const { return m_cell; }
 
-    // The preview of a row in a cell of this size; without a face while its font has not come.
-    PreviewRequest request(int row, const QSize &cell, qreal devicePixelRatio) const;
-    // Where a click installs the family, in a cell of this size.
+    // The preview of a row; without a face while its font has not come.
+    PreviewRequest request(int row, qreal devicePixelRatio) const;
+    // Where a click installs the family.
     QRect signRect(const QRect &cell) const;
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
@@ -43,6 +45,7 @@ private:
     Workspace &m_workspace;
     const CatalogModel &m_model;
     Form m_form = Form::Card;
+    QSize m_cell;
 };
 
 } // namespace kerlune

@@ -66,7 +66,8 @@ void CatalogList::layOut()
     const int columns = isGrid ? std::max(1, room / kLeastCardWidth) : 1;
     setViewMode(isGrid ? QListView::IconMode : QListView::ListMode);
     setMovement(QListView::Static); // the mode has set its own
-    setGridSize({std::max(1, room / columns), m_delegate->height()});
+    m_delegate->setCell({std::max(1, room / columns), m_delegate->height()});
+    setGridSize(m_delegate->cell());
     verticalScrollBar()->setSingleStep(m_delegate->height() / 3);
     scheduleDelayedItemsLayout();
     if (const QModelIndex current = currentIndex(); current.isValid())
@@ -116,7 +117,7 @@ void CatalogList::want()
     std::vector<PreviewRequest> requests;
     for (const int row : rowsInSight()) {
         m_workspace.state().googlePreviews().request(m_model.family(row));
-        PreviewRequest request = m_delegate->request(row, gridSize(), devicePixelRatioF());
+        PreviewRequest request = m_delegate->request(row, devicePixelRatioF());
         if (request.face != nullptr)
             requests.push_back(std::move(request));
     }
@@ -130,7 +131,7 @@ bool CatalogList::isPainted() const
         return false;
     const std::vector<int> rows = rowsInSight();
     return std::all_of(rows.begin(), rows.end(), [this](int row) {
-        const PreviewRequest request = m_delegate->request(row, gridSize(), devicePixelRatioF());
+        const PreviewRequest request = m_delegate->request(row, devicePixelRatioF());
         return request.face == nullptr ? m_workspace.state().googlePreviews().hasFailed(m_model.family(row).family)
                                        : m_workspace.previews().find(request) != nullptr;
     });
