@@ -24,6 +24,146 @@
             <translation>“kerlune --help” lists the commands.</translation>
         </message>
         <message>
+            <source>Script « %1.jsx » introuvable dans l'app.</source>
+            <translation>The script “%1.jsx” is missing from the program.</translation>
+        </message>
+        <message>
+            <source>Script AppleScript invalide.</source>
+            <translation>Invalid AppleScript.</translation>
+        </message>
+        <message>
+            <source>Erreur inconnue</source>
+            <translation>Unknown error</translation>
+        </message>
+        <message>
+            <source>%1 n'a pas autorisé Kerlune. Réglages Système &gt; Confidentialité et sécurité &gt; Automatisation.</source>
+            <translation>%1 has not authorised Kerlune. System Settings &gt; Privacy &amp; Security &gt; Automation.</translation>
+        </message>
+        <message>
+            <source>%1 n'est pas lancé.</source>
+            <translation>%1 is not running.</translation>
+        </message>
+        <message>
+            <source>calques de texte sélectionnés</source>
+            <translation>selected text layers</translation>
+        </message>
+        <message>
+            <source>objets texte ou caractères sélectionnés</source>
+            <translation>selected text objects or characters</translation>
+        </message>
+        <message>
+            <source>blocs de texte, texte ou caractères sélectionnés</source>
+            <translation>selected text frames, text or characters</translation>
+        </message>
+        <message>
+            <source>titres Text+ sélectionnés, ou celui sous la tête de lecture</source>
+            <translation>selected Text+ titles, or the one under the playhead</translation>
+        </message>
+        <message>
+            <source>Aucun document ouvert</source>
+            <translation>No document is open</translation>
+        </message>
+        <message>
+            <source>%3 ne connaît pas la police « %1 ». Si elle vient d'être activée, attendez quelques secondes.</source>
+            <translation>%3 does not know the font “%1”. If it has just been activated, wait a few seconds.</translation>
+        </message>
+        <message>
+            <source>Aucune sélection</source>
+            <translation>Nothing is selected</translation>
+        </message>
+        <message>
+            <source>La sélection ne contient aucun texte</source>
+            <translation>The selection contains no text</translation>
+        </message>
+        <message>
+            <source>Sélectionnez un calque de texte (calque actif : %1)</source>
+            <translation>Select a text layer (active layer: %1)</translation>
+        </message>
+        <message>
+            <source>Aucune composition active</source>
+            <translation>No composition is active</translation>
+        </message>
+        <message>
+            <source>Aucun calque sélectionné</source>
+            <translation>No layer is selected</translation>
+        </message>
+        <message>
+            <source>La sélection ne contient aucun calque de texte</source>
+            <translation>The selection contains no text layer</translation>
+        </message>
+        <message>
+            <source>Module de scripting de Resolve introuvable (%1)</source>
+            <translation>Resolve’s scripting module was not found (%1)</translation>
+        </message>
+        <message>
+            <source>Arguments manquants : famille et style attendus</source>
+            <translation>Missing arguments: family and style expected</translation>
+        </message>
+        <message>
+            <source>Impossible de joindre Resolve. Vérifiez Préférences &gt; Système &gt; Général &gt; Scripting externe : Local.</source>
+            <translation>Resolve cannot be reached. Check Preferences &gt; System &gt; General &gt; External scripting: Local.</translation>
+        </message>
+        <message>
+            <source>Resolve ne connaît pas la police « %1 ». Si elle vient d'être activée, relancez Resolve.</source>
+            <translation>Resolve does not know the font “%1”. If it has just been activated, restart Resolve.</translation>
+        </message>
+        <message>
+            <source>Aucune composition Fusion ouverte</source>
+            <translation>No Fusion composition is open</translation>
+        </message>
+        <message>
+            <source>Aucune timeline ouverte</source>
+            <translation>No timeline is open</translation>
+        </message>
+        <message>
+            <source>Sélectionnez un titre Text+ dans la timeline</source>
+            <translation>Select a Text+ title in the timeline</translation>
+        </message>
+        <message>
+            <source>La sélection ne contient aucun titre Text+</source>
+            <translation>The selection contains no Text+ title</translation>
+        </message>
+        <message>
+            <source>Resolve a refusé la modification</source>
+            <translation>Resolve refused the change</translation>
+        </message>
+        <message>
+            <source>style « %1 » absent de Resolve, « %2 » utilisé</source>
+            <translation>style “%1” is missing from Resolve, “%2” used</translation>
+        </message>
+        <message>
+            <source>Aucune application compatible n'est lancée (%1).</source>
+            <translation>No compatible application is running (%1).</translation>
+        </message>
+        <message>
+            <source>Kerlune : changer la police</source>
+            <translation>Kerlune: change font</translation>
+        </message>
+        <message>
+            <source>Aucune réponse du script.</source>
+            <translation>No answer from the script.</translation>
+        </message>
+        <message>
+            <source>Le script Resolve n'a rien renvoyé.</source>
+            <translation>The Resolve script returned nothing.</translation>
+        </message>
+        <message>
+            <source>Lancement impossible : </source>
+            <translation>Cannot launch: </translation>
+        </message>
+        <message>
+            <source>Resolve n'a pas répondu en %1 s.</source>
+            <translation>Resolve did not answer within %1 s.</translation>
+        </message>
+        <message>
+            <source>Script « resolve.py » introuvable dans l'app.</source>
+            <translation>The script “resolve.py” is missing from the program.</translation>
+        </message>
+        <message>
+            <source>Python embarqué introuvable : DaVinci Resolve 21.1 ou plus récent est requis.</source>
+            <translation>Embedded Python not found: DaVinci Resolve 21.1 or later is required.</translation>
+        </message>
+        <message>
             <source>Action inconnue : « %1 ».</source>
             <translation>Unknown action: “%1”.</translation>
         </message>
@@ -72,6 +212,25 @@
         <message>
             <source>fontconfig ne lit pas le dossier des polices actives (%1) : les autres programmes ne les verront pas. Ajoutez ce dossier à sa configuration.</source>
             <translation>fontconfig does not read the folder of active fonts (%1): other programs will not see them. Add this folder to its configuration.</translation>
+        </message>
+        <message numerus="yes">
+            <source>Police appliquée à %1 éléments.</source>
+            <translation>
+                <numerusform>Font applied to %1 item.</numerusform>
+                <numerusform>Font applied to %1 items.</numerusform>
+            </translation>
+        </message>
+        <message>
+            <source>Donnez par --to le programme où appliquer la police.</source>
+            <translation>Give the program to apply the font in with --to.</translation>
+        </message>
+        <message>
+            <source>Programme inconnu : « %1 ».</source>
+            <translation>Unknown program: “%1”.</translation>
+        </message>
+        <message>
+            <source>Les programmes sont photoshop, illustrator, indesign, after-effects et resolve.</source>
+            <translation>The programs are photoshop, illustrator, indesign, after-effects and resolve.</translation>
         </message>
         <message>
             <source>Donnez un fichier, ou « - » pour la sortie standard.</source>
@@ -367,6 +526,18 @@
         <message>
             <source>Avec les polices non latines.</source>
             <translation>With non-Latin fonts.</translation>
+        </message>
+        <message>
+            <source>Applique une police au texte sélectionné dans un autre programme.</source>
+            <translation>Applies a font to the text selected in another program.</translation>
+        </message>
+        <message>
+            <source>Le programme : photoshop, illustrator, indesign, after-effects ou resolve.</source>
+            <translation>The program: photoshop, illustrator, indesign, after-effects or resolve.</translation>
+        </message>
+        <message>
+            <source>PROGRAMME</source>
+            <translation>PROGRAM</translation>
         </message>
         <message>
             <source>Ouvre la fenêtre, ou la met devant ; les dossiers donnés sont surveillés.</source>
@@ -666,6 +837,14 @@
             <translation>The list of watched folders (watched-folders.json) cannot be read: it counts as empty. The file was not changed; the next change of the list will keep a copy of it.</translation>
         </message>
         <message>
+            <source>Aucune police « %1 » dans la bibliothèque.</source>
+            <translation>No font “%1” in the library.</translation>
+        </message>
+        <message>
+            <source>Donnez le nom PostScript d’une police ; « kerlune faces » les affiche.</source>
+            <translation>Give the PostScript name of a font; “kerlune faces” shows them.</translation>
+        </message>
+        <message>
             <source>Plusieurs collections s’appellent « %1 » ; donnez l’un des identifiants : %2.</source>
             <translation>Several collections are called “%1”; give one of the ids: %2.</translation>
         </message>
@@ -694,20 +873,12 @@
             <translation>Wrong selection: “%1”. It must be all, favorites, recents, variable, color, duplicates, class:CLASS, collection:ID-OR-NAME, folder:ID-OR-PATH, tag:TAG, smart:ID-OR-NAME, adobeFonts or googleFonts; the classes are %2.</translation>
         </message>
         <message>
-            <source>Aucune police « %1 » dans la bibliothèque.</source>
-            <translation>No font “%1” in the library.</translation>
-        </message>
-        <message>
             <source>« %1 » n’a pas d’empreinte : il lui manque trop de lettres parmi a, e, g, n, o et R, ou ses capitales n’ont pas de hauteur.</source>
             <translation>“%1” has no fingerprint: it lacks too many of the letters a, e, g, n, o and R, or its capitals have no height.</translation>
         </message>
         <message>
             <source>Analyse visuelle de la bibliothèque…</source>
             <translation>Visual analysis of the library…</translation>
-        </message>
-        <message>
-            <source>Donnez le nom PostScript d’une police ; « kerlune faces » les affiche.</source>
-            <translation>Give the PostScript name of a font; “kerlune faces” shows them.</translation>
         </message>
         <message>
             <source>--limit demande un nombre entier à partir de 0.</source>
@@ -3773,13 +3944,6 @@ Free software under the MIT license.</translation>
             <source>Ajouter un dossier de polices</source>
             <translation>Add a Font Folder</translation>
         </message>
-        <message numerus="yes">
-            <source>Police appliquée à %1 éléments.</source>
-            <translation>
-                <numerusform>Font applied to %1 item.</numerusform>
-                <numerusform>Font applied to %1 items.</numerusform>
-            </translation>
-        </message>
         <message>
             <source>Kerlune n’est pas autorisé à piloter ce logiciel.</source>
             <translation>Kerlune is not allowed to control this program.</translation>
@@ -3987,10 +4151,6 @@ Free software under the MIT license.</translation>
         <message>
             <source>Ces deux réglages sont gardés, mais n’ont pas encore d’effet dans cette version.</source>
             <translation>These two settings are kept, but have no effect in this version yet.</translation>
-        </message>
-        <message>
-            <source>Polices similaires : ne comparer que les lettres latines</source>
-            <translation>Similar fonts: compare Latin letters only</translation>
         </message>
         <message>
             <source>Identification : chercher aussi dans Google Fonts</source>

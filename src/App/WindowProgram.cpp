@@ -42,7 +42,6 @@ WindowProgram::WindowProgram(QApplication &application, const ProgramParts &part
     , m_workspace(m_state, m_preferences, m_theme, m_previews)
     , m_window(m_workspace)
 {
-    m_state.readGlyphsInBackground();
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/application.svg")));
     QApplication::setDesktopFileName(QStringLiteral("kerlune"));
 }

@@ -6,6 +6,7 @@
 #include "Platform/Directories.h"
 #include "Platform/Linux/FontconfigCatalog.h"
 #include "Platform/Linux/LinuxFontRegistry.h"
+#include "Platform/Linux/NoScriptEngine.h"
 #include "Platform/Linux/ProcessFonts.h"
 
 #include <QCoreApplication>
@@ -45,6 +46,8 @@ int main(int argc, char *argv[])
         .open = [&parts](const std::vector<std::string> &paths) { return kerlune::openWindow(parts, paths); },
         .capture = [&parts](const kerlune::CaptureRequest &request) { return kerlune::captureWindow(parts, request); },
         .panels = kerlune::panelNames()};
+    kerlune::NoScriptEngine scripts;
     return kerlune::runCommandLine(
-        argc, argv, {.catalog = catalog, .registry = registry, .directories = directories, .window = window});
+        argc, argv,
+        {.catalog = catalog, .registry = registry, .directories = directories, .window = window, .scripts = scripts});
 }

@@ -44,4 +44,7 @@ struct NotRunning {
 using ApplyResult =
     std::variant<ApplyOutcome::Applied, ApplyOutcome::Failed, ApplyOutcome::NotAuthorized, ApplyOutcome::NotRunning>;
 
+// Why nothing was changed, for the user; empty where something was.
+std::string failureMessage(const ApplyResult &result);
+
 } // namespace kerlune

@@ -1,22 +1,113 @@
 #include "Bridge/HostApp.h"
 
+#include "Bridge/ScriptText.h"
+#include "Support/Localization.h"
+
+#include <algorithm>
+
 namespace kerlune {
+
+namespace {
+
+struct HostNames {
+    const char *displayName;
+    std::vector<std::string> bundleIdentifiers;
+    const char *scriptName;
+    const char *commandWord;
+    const char *selection;
+};
+
+const HostNames &namesOf(HostApp host)
+{
+    static const std::array<HostNames, kHostApps.size()> names{{
+        {"Photoshop", {"com.adobe.Photoshop"}, "photoshop", "photoshop", marked("calques de texte sélectionnés")},
+        {"Illustrator",
+         {"com.adobe.illustrator"},
+         "illustrator",
+         "illustrator",
+         marked("objets texte ou caractères sélectionnés")},
+        {"InDesign",
+         {"com.adobe.InDesign"},
+         "indesign",
+         "indesign",
+         marked("blocs de texte, texte ou caractères sélectionnés")},
+        {"After Effects",
+         {"com.adobe.AfterEffects.application"},
+         "afterEffects",
+         "after-effects",
+         marked("calques de texte sélectionnés")},
+        {"DaVinci Resolve",
+         {"com.blackmagic-design.DaVinciResolve", "com.blackmagic-design.DaVinciResolveStudio"},
+         "resolve",
+         "resolve",
+         marked("titres Text+ sélectionnés, ou celui sous la tête de lecture")},
+    }};
+    return names.at(static_cast<std::size_t>(host));
+}
+
+// ASCII letters alone, in lower case.
+std::string letters(std::string_view name)
+{
+    std::string letters;
+    for (const char c : name) {
+        if (c >= 'A' && c <= 'Z')
+            letters += static_cast<char>(c - 'A' + 'a');
+        else if (c != ' ' && c != '-')
+            letters += c;
+    }
+    return letters;
+}
+
+} // namespace
 
 std::string displayName(HostApp host)
 {
-    switch (host) {
-    case HostApp::photoshop:
-        return "Photoshop";
-    case HostApp::illustrator:
-        return "Illustrator";
-    case HostApp::indesign:
-        return "InDesign";
-    case HostApp::afterEffects:
-        return "After Effects";
-    case HostApp::davinciResolve:
-        return "DaVinci Resolve";
+    return namesOf(host).displayName;
+}
+
+std::vector<std::string> bundleIdentifiers(HostApp host)
+{
+    return namesOf(host).bundleIdentifiers;
+}
+
+std::string scriptName(HostApp host)
+{
+    return namesOf(host).scriptName;
+}
+
+std::string selectionDescription(HostApp host)
+{
+    return localized(namesOf(host).selection);
+}
+
+std::string commandWord(HostApp host)
+{
+    return namesOf(host).commandWord;
+}
+
+std::optional<HostApp> hostNamed(std::string_view name)
+{
+    const std::string wanted = letters(name);
+    const auto host = std::find_if(kHostApps.begin(), kHostApps.end(), [&](HostApp candidate) {
+        return wanted == letters(commandWord(candidate)) || wanted == letters(displayName(candidate));
+    });
+    return host == kHostApps.end() ? std::nullopt : std::optional(*host);
+}
+
+std::string appleScriptCommand(HostApp host, std::string_view javaScript, std::string_view undoName)
+{
+    const std::string text = quotedForAppleScript(javaScript);
+    if (host == HostApp::indesign) {
+        return "do script " + text + " language javascript undo mode entire script undo name " +
+               quotedForAppleScript(undoName);
     }
-    return {};
+    return (host == HostApp::afterEffects ? "DoScript " : "do javascript ") + text;
+}
+
+std::string appleScriptFor(HostApp host, std::string_view command)
+{
+    return "tell application id \"" + bundleIdentifiers(host).front() + "\"\n    " + std::string(command) +
+           "\nend tell";
 }
 
 } // namespace kerlune

@@ -188,6 +188,7 @@ private:
                               runFingerprintCommand),
                  localized("NOM-POSTSCRIPT"), m_arguments, localized("Le nom PostScript de la police."));
         addSimilar();
+        addApply();
         addBackup("backup", localized("Sauvegarde les tags, collections, favoris et familles récentes."),
                   runBackupCommand);
         addBackup("restore", localized("Ajoute ce que contient une sauvegarde."), runRestoreCommand);
@@ -205,6 +206,20 @@ private:
             ->type_name(localized("NOMBRE"))
             ->group(optionsGroup());
         similar->add_flag("--all-scripts", m_similar.allScripts, localized("Avec les polices non latines."))
+            ->group(optionsGroup());
+    }
+
+    void addApply()
+    {
+        CLI::App *apply =
+            addForTexts("apply", localized("Applique une police au texte sélectionné dans un autre programme."),
+                        [this](const CommandContext &context, const Arguments &words, OutputFormat format) {
+                            return runApplyCommand(context, words, m_host, format);
+                        });
+        addTexts(*apply, localized("NOM-POSTSCRIPT"), m_arguments, localized("Le nom PostScript de la police."));
+        addText(*apply, "--to", m_host,
+                localized("Le programme\u00A0: photoshop, illustrator, indesign, after-effects ou resolve."))
+            ->type_name(localized("PROGRAMME"))
             ->group(optionsGroup());
     }
 
@@ -261,6 +276,7 @@ private:
     std::string m_selection;
     std::string m_file;
     SimilarOptions m_similar;
+    std::string m_host;
     CaptureOptions m_capture;
     bool m_takesTexts = false; // which have to be UTF-8
     OutputFormat m_format = OutputFormat::Text;

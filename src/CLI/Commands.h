@@ -10,6 +10,7 @@ namespace kerlune {
 
 class FontCatalog;
 class FontRegistry;
+class ScriptEngine;
 struct CaptureRequest;
 struct FilterOptions;
 
@@ -31,6 +32,7 @@ struct CommandContext {
     FontRegistry &registry;
     const Directories &directories;
     const WindowCommands &window;
+    ScriptEngine &scripts; // by which hosts are driven
 };
 
 enum class OutputFormat { Text, Json };
@@ -61,6 +63,9 @@ int runRecentsCommand(const CommandContext &context, const std::vector<std::stri
 int runFingerprintCommand(const CommandContext &context, const std::vector<std::string> &words, OutputFormat format);
 int runSimilarCommand(const CommandContext &context, const std::vector<std::string> &words,
                       const SimilarOptions &options, OutputFormat format);
+// Gives the text that is selected in a program the font.
+int runApplyCommand(const CommandContext &context, const std::vector<std::string> &words, const std::string &host,
+                    OutputFormat format);
 int runBackupCommand(const CommandContext &context, const std::string &file, OutputFormat format);
 int runRestoreCommand(const CommandContext &context, const std::string &file, OutputFormat format);
 

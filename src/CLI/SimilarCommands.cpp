@@ -1,9 +1,9 @@
 #include "CLI/Await.h"
 #include "CLI/Commands.h"
 #include "CLI/DisplayText.h"
+#include "CLI/NamedFont.h"
 #include "CLI/Output.h"
 #include "CLI/ProgressBar.h"
-#include "CLI/StateSession.h"
 #include "State/Preferences.h"
 #include "Support/Localization.h"
 
@@ -35,24 +35,6 @@ std::optional<std::size_t> limitOf(const std::string &text)
     return error == std::errc() && end == text.data() + text.size() ? std::optional(limit) : std::nullopt;
 }
 
-// The library, with the font that the command is about; null, after a message, when there is none.
-struct Subject {
-    std::unique_ptr<StateSession> session;
-    FontRecordPointer record;
-};
-
-Subject open(const CommandContext &context, const std::string &postScriptName)
-{
-    Subject subject{StateSession::open(context), nullptr};
-    if (subject.session == nullptr)
-        return subject;
-    subject.session->load(Duplicates::Remove);
-    subject.record = subject.session->state().record(postScriptName);
-    if (subject.record == nullptr)
-        reportFailure(localized("Aucune police « %1 » dans la bibliothèque.", {displayText(postScriptName)}));
-    return subject;
-}
-
 int reportUnmeasured(const FontRecord &record)
 {
     return reportFailure(
@@ -65,19 +47,12 @@ int reportUnmeasured(const FontRecord &record)
 void analyse(AppState &state)
 {
     FingerprintIndex &fingerprints = state.fingerprints();
-    {
-        const std::string label = localized("Analyse visuelle de la bibliothèque…");
-        StatusLine line;
-        const auto observer = fingerprints.bindableProgress().addNotifier(
-            [&] { line.show(withProgressCells(label, fingerprints.progress())); });
-        await(fingerprints.build(state.allRecords()));
-    }
     await(fingerprints.load());
-}
-
-int reportNameMissing()
-{
-    return reportWrongUsage(localized("Donnez le nom PostScript d’une police ; « kerlune faces » les affiche."));
+    const std::string label = localized("Analyse visuelle de la bibliothèque…");
+    StatusLine line;
+    const auto observer = fingerprints.bindableProgress().addNotifier(
+        [&] { line.show(withProgressCells(label, fingerprints.progress())); });
+    await(fingerprints.build(state.allRecords()));
 }
 
 nlohmann::json encodeSimilar(const FingerprintIndex::Similar &similar)
@@ -92,8 +67,8 @@ nlohmann::json encodeSimilar(const FingerprintIndex::Similar &similar)
 int runFingerprintCommand(const CommandContext &context, const std::vector<std::string> &words, OutputFormat format)
 {
     if (words.size() != 1)
-        return reportNameMissing();
-    const Subject subject = open(context, words.front());
+        return reportFontNameMissing();
+    const NamedFont subject = NamedFont::find(context, words.front());
     if (subject.record == nullptr)
         return kFailed;
     const auto vectors = computeFingerprints({subject.record}, [](std::size_t) {}, {});
@@ -113,11 +88,11 @@ int runSimilarCommand(const CommandContext &context, const std::vector<std::stri
                       const SimilarOptions &options, OutputFormat format)
 {
     if (words.size() != 1)
-        return reportNameMissing();
+        return reportFontNameMissing();
     const auto limit = limitOf(options.limit);
     if (!limit)
         return reportWrongUsage(localized("--limit demande un nombre entier à partir de 0."));
-    const Subject subject = open(context, words.front());
+    const NamedFont subject = NamedFont::find(context, words.front());
     if (subject.record == nullptr)
         return kFailed;
     AppState &state = subject.session->state();

@@ -16,6 +16,11 @@ struct Directories {
     static Directories fromEnvironment();
 };
 
+// What comes with the program: beside it in a build, and below the folder for shared data where it is installed.
+std::filesystem::path resourcesFolder();
+// Where DaVinci Resolve is, unless told otherwise.
+std::filesystem::path usualResolveFolder();
+
 // Where fonts lie. A folder need not exist.
 std::filesystem::path userFontsFolder(const Directories &directories);   // the user's own fonts
 std::filesystem::path sharedFontsFolder();                               // those that the administrator adds for all

@@ -2,6 +2,8 @@
 
 #include "State/SettingsFile.h"
 
+#include <QFile>
+
 #include <array>
 #include <utility>
 
@@ -51,7 +53,9 @@ Preferences::Preferences(const Directories &directories)
     : m_settings(settingsFile(directories), QSettings::IniFormat)
 {
     const auto readText = [](const QVariant &value) { return value.toStringList().join(QStringLiteral(", ")); };
-    keep(customPreviewText, "customPreviewText", QString(), readText, [](const QString &text) { return text; });
+    const auto writeText = [](const QString &text) { return text; };
+    keep(customPreviewText, "customPreviewText", QString(), readText, writeText);
+    keep(resolvePath, "resolvePath", QString(), readText, writeText);
     keep(applyHotKeyEnabled, "applyHotKeyEnabled", true);
     keep(autoActivateMissingFonts, "autoActivateMissingFonts", true);
     keep(similarLatinOnly, "similarLatinOnly", true);
@@ -65,6 +69,13 @@ Preferences::Preferences(const Directories &directories)
         appearance, "appearance", Appearance::system,
         [](const QVariant &value) { return valueOfWord(kAppearances, value.toString()); },
         [](Appearance value) { return wordOfValue(kAppearances, value); });
+}
+
+std::filesystem::path Preferences::resolveFolder() const
+{
+    const QString named = qEnvironmentVariable("KERLUNE_RESOLVE_PATH");
+    const QString chosen = named.isEmpty() ? resolvePath.value() : named;
+    return chosen.isEmpty() ? usualResolveFolder() : std::filesystem::absolute(QFile::encodeName(chosen).toStdString());
 }
 
 QVariant Preferences::layout(const QString &key, const QVariant &standard) const

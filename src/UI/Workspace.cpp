@@ -13,6 +13,7 @@ Workspace::Workspace(AppState &state, Preferences &preferences, Theme &theme, Pr
     , m_previews(previews)
     , m_commands(state, m_undoStack)
 {
+    m_state.readGlyphsInBackground(); // a window never waits for them
     const auto noteActiveFace = [this] {
         const FontRecordPointer face = m_state.activeRecord();
         const std::string name = face == nullptr ? std::string() : face->postScriptName;

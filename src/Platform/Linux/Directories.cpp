@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <system_error>
 
 namespace kerlune {
 
@@ -39,6 +40,19 @@ Directories Directories::fromEnvironment()
     const auto data = folder("XDG_DATA_HOME", ".local/share");
     return {homeFolder(), data, data / kFolder, folder("XDG_CACHE_HOME", ".cache") / kFolder,
             folder("XDG_CONFIG_HOME", ".config") / kFolder};
+}
+
+std::filesystem::path resourcesFolder()
+{
+    std::error_code error;
+    const auto programs = std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
+    auto beside = programs / "Resources";
+    return std::filesystem::is_directory(beside, error) ? beside : programs.parent_path() / "share/kerlune/Resources";
+}
+
+std::filesystem::path usualResolveFolder()
+{
+    return "/opt/resolve";
 }
 
 std::filesystem::path userFontsFolder(const Directories &directories)

@@ -1,0 +1,120 @@
+#include "HostModel.h"
+
+#include "TempFolder.h"
+
+#include <duktape.h>
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace kerlune {
+
+namespace {
+
+// What came after the third edition, as far as the interpreter has it.
+constexpr const char *kForgetLaterEditions = R"(
+(function () {
+    var later = [
+        [Array, "isArray from of"],
+        [Array.prototype, "every filter forEach indexOf lastIndexOf map reduce reduceRight some find includes"],
+        [String.prototype, "trim startsWith endsWith includes repeat codePointAt padStart padEnd"],
+        [String, "fromCodePoint"],
+        [Function.prototype, "bind"],
+        [Date, "now"],
+        [Date.prototype, "toISOString toJSON"],
+        [Object, "assign create defineProperties defineProperty entries freeze getOwnPropertyDescriptor " +
+                 "getOwnPropertyNames getPrototypeOf is keys seal setPrototypeOf values"]
+    ];
+    for (var i = 0; i < later.length; i++) {
+        var names = later[i][1].split(" ");
+        for (var j = 0; j < names.length; j++) {
+            delete later[i][0][names[j]];
+        }
+    }
+    var everyone = (function () { return this; }());
+    names = ["JSON", "Reflect", "Proxy", "Symbol", "Promise", "TextEncoder", "TextDecoder", "performance", "globalThis"];
+    for (i = 0; i < names.length; i++) {
+        delete everyone[names[i]];
+    }
+}());
+)";
+
+std::string stringFrom(const std::string &source, std::size_t &at)
+{
+    std::string text;
+    for (++at; at < source.size() && source[at] != '"'; ++at) {
+        if (source[at] != '\\') {
+            text += source[at];
+            continue;
+        }
+        constexpr std::string_view kEscapes = "ntr\"\\";
+        constexpr std::string_view kCharacters = "\n\t\r\"\\";
+        const std::size_t escape = kEscapes.find(source.at(++at));
+        if (escape == std::string_view::npos)
+            throw std::runtime_error("no such escape in AppleScript");
+        text += kCharacters[escape];
+    }
+    if (at == source.size())
+        throw std::runtime_error("a string without an end");
+    ++at;
+    return text;
+}
+
+} // namespace
+
+HostModel::HostModel(const std::string &name)
+    : m_context(duk_create_heap_default())
+{
+    eval("var defineProperty = Object.defineProperty;"); // for the models alone
+    eval(readFile(std::string(KERLUNE_HOST_MODELS) + "/" + name + ".js") + "\n;0");
+    eval(kForgetLaterEditions);
+}
+
+void HostModel::Deleter::operator()(duk_hthread *context) const
+{
+    duk_destroy_heap(context);
+}
+
+std::string HostModel::eval(const std::string &javaScript)
+{
+    duk_context *context = m_context.get();
+    const bool isThrown = duk_peval_lstring(context, javaScript.data(), javaScript.size()) != 0;
+    duk_size_t length = 0;
+    const char *text = duk_safe_to_lstring(context, -1, &length);
+    std::string result(text, length);
+    duk_pop(context);
+    if (isThrown)
+        throw std::runtime_error(result);
+    return result;
+}
+
+std::vector<AppleScriptToken> readAppleScript(const std::string &source)
+{
+    constexpr std::string_view kSpace = " \n";
+    std::vector<AppleScriptToken> tokens;
+    for (std::size_t at = 0; (at = source.find_first_not_of(kSpace, at)) != std::string::npos;) {
+        if (source[at] == '"') {
+            tokens.push_back({AppleScriptToken::Kind::String, stringFrom(source, at)});
+            continue;
+        }
+        const std::size_t end = std::min(source.find_first_of(" \n\"", at), source.size());
+        tokens.push_back({AppleScriptToken::Kind::Word, source.substr(at, end - at)});
+        at = end;
+    }
+    return tokens;
+}
+
+ScriptEngine::Result ModelEngine::run(const std::string &source)
+{
+    script = readAppleScript(source);
+    try {
+        const auto javaScript = std::find_if(script.begin() + 4, script.end(), [](const AppleScriptToken &token) {
+            return token.kind == AppleScriptToken::Kind::String; // the first after: tell application id "…"
+        });
+        return Descriptor{m_host.eval(javaScript->text)};
+    } catch (const std::exception &error) {
+        return Error{-2753, error.what()};
+    }
+}
+
+} // namespace kerlune
