@@ -528,6 +528,18 @@
             <translation>With non-Latin fonts.</translation>
         </message>
         <message>
+            <source>Consulte le catalogue Google Fonts, et en installe des familles.</source>
+            <translation>Looks at the Google Fonts catalogue, and installs families from it.</translation>
+        </message>
+        <message>
+            <source>catalog (si rien n’est donné) ; preview FAMILLE ; subsets ; install FAMILLE ; remove FAMILLE</source>
+            <translation>catalog (when nothing is given); preview FAMILY; subsets; install FAMILY; remove FAMILY</translation>
+        </message>
+        <message>
+            <source>Demande le catalogue au service, même si celui du disque a moins de sept jours.</source>
+            <translation>Asks the service for the catalogue, even when the one on disk is less than seven days old.</translation>
+        </message>
+        <message>
             <source>Applique une police au texte sélectionné dans un autre programme.</source>
             <translation>Applies a font to the text selected in another program.</translation>
         </message>
@@ -786,6 +798,67 @@
             <source>« %1 » : il faut « on » ou « off ».</source>
             <translation>“%1”: it must be “on” or “off”.</translation>
         </message>
+        <message>
+            <source>Usage : kerlune google [catalog [--refresh] | preview FAMILLE | subsets | install FAMILLE | remove FAMILLE]</source>
+            <translation>Usage: kerlune google [catalog [--refresh] | preview FAMILY | subsets | install FAMILY | remove FAMILY]</translation>
+        </message>
+        <message>
+            <source>Lecture du catalogue Google Fonts…</source>
+            <translation>Reading the Google Fonts catalogue…</translation>
+        </message>
+        <message>
+            <source>Catalogue indisponible : %1</source>
+            <translation>Catalogue unavailable: %1</translation>
+        </message>
+        <message>
+            <source>Aucune famille « %1 » dans le catalogue Google Fonts.</source>
+            <translation>No family “%1” in the Google Fonts catalogue.</translation>
+        </message>
+        <message numerus="yes">
+            <source>%1 styles</source>
+            <translation>
+                <numerusform>%1 style</numerusform>
+                <numerusform>%1 styles</numerusform>
+            </translation>
+        </message>
+        <message>
+            <source>, variable</source>
+            <translation>, variable</translation>
+        </message>
+        <message>
+            <source>, installée</source>
+            <translation>, installed</translation>
+        </message>
+        <message>
+            <source>Aucun aperçu de « %1 » n’a pu être obtenu.</source>
+            <translation>No preview of “%1” could be had.</translation>
+        </message>
+        <message>
+            <source>Téléchargement des échantillons…</source>
+            <translation>Downloading samples…</translation>
+        </message>
+        <message numerus="yes">
+            <source>%1 familles n’ont pas pu être préparées.</source>
+            <translation>
+                <numerusform>%1 family could not be prepared.</numerusform>
+                <numerusform>%1 families could not be prepared.</numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <source>%1 familles prêtes à comparer</source>
+            <translation>
+                <numerusform>%1 family ready to compare</numerusform>
+                <numerusform>%1 families ready to compare</numerusform>
+            </translation>
+        </message>
+        <message>
+            <source>Téléchargement interrompu.</source>
+            <translation>Download interrupted.</translation>
+        </message>
+        <message>
+            <source>Installation de « %1 »…</source>
+            <translation>Installing “%1”…</translation>
+        </message>
         <message numerus="yes">
             <source>%1 fichiers ni TrueType ni OpenType (Type 1, bitmap…) ne sont pas indexés.</source>
             <translation>
@@ -967,6 +1040,66 @@
             <translation>Usage: kerlune recents [list | add FAMILY…]</translation>
         </message>
         <message>
+            <source>Enregistrement de « %1 » impossible : %2</source>
+            <translation>“%1” cannot be saved: %2</translation>
+        </message>
+        <message>
+            <source>Aucune police n'a pu être téléchargée. Vérifiez votre connexion.</source>
+            <translation>No font could be downloaded. Check your connection.</translation>
+        </message>
+        <message>
+            <source>Sans serif</source>
+            <translation>Sans serif</translation>
+        </message>
+        <message>
+            <source>Manuscrite</source>
+            <translation>Handwriting</translation>
+        </message>
+        <message>
+            <source>Toutes les catégories</source>
+            <translation>All categories</translation>
+        </message>
+        <message>
+            <source>Google Fonts a répondu par une erreur (%1).</source>
+            <translation>Google Fonts answered with an error (%1).</translation>
+        </message>
+        <message>
+            <source>Google Fonts ne propose aucun fichier pour « %1 ».</source>
+            <translation>Google Fonts offers no file for “%1”.</translation>
+        </message>
+        <message>
+            <source>Le fichier « %1 » n'est pas une police valide.</source>
+            <translation>The file “%1” is not a valid font.</translation>
+        </message>
+        <message>
+            <source>Le catalogue Google Fonts est illisible : son format a peut-être changé.</source>
+            <translation>The Google Fonts catalogue cannot be read: its format may have changed.</translation>
+        </message>
+        <message>
+            <source>La réponse de Google Fonts n’est pas du JSON valide.</source>
+            <translation>The answer of Google Fonts is not valid JSON.</translation>
+        </message>
+        <message>
+            <source>L’adresse de « %1 » n’est pas en HTTPS.</source>
+            <translation>The address of “%1” is not HTTPS.</translation>
+        </message>
+        <message>
+            <source>Aucune réponse complète de « %1 » : %2</source>
+            <translation>No complete answer from “%1”: %2</translation>
+        </message>
+        <message>
+            <source>« %1 » n’a pas répondu à temps.</source>
+            <translation>“%1” did not answer in time.</translation>
+        </message>
+        <message>
+            <source>La réponse de « %1 » est trop longue.</source>
+            <translation>The answer of “%1” is too long.</translation>
+        </message>
+        <message>
+            <source>la connexion a été coupée.</source>
+            <translation>the connection was cut.</translation>
+        </message>
+        <message>
             <source>%1 (%2 fichiers)</source>
             <translation>%1 (%2 files)</translation>
         </message>
@@ -1039,10 +1172,6 @@
             <translation>“%1” is held by another program</translation>
         </message>
         <message>
-            <source>Enregistrement de « %1 » impossible : %2</source>
-            <translation>“%1” cannot be saved: %2</translation>
-        </message>
-        <message>
             <source>aucune copie du fichier illisible ne peut être gardée (%1)</source>
             <translation>no copy of the unreadable file can be kept (%1)</translation>
         </message>
@@ -1069,10 +1198,6 @@
         <message>
             <source>Inconnu</source>
             <translation>Unknown</translation>
-        </message>
-        <message>
-            <source>Sans serif</source>
-            <translation>Sans serif</translation>
         </message>
         <message>
             <source>Serif</source>
@@ -2523,6 +2648,29 @@
             <translation>Incomplete deactivation: </translation>
         </message>
         <message>
+            <source>« %1 » installée (%2).</source>
+            <translation>“%1” installed (%2).</translation>
+        </message>
+        <message numerus="yes">
+            <source>%1 fichiers</source>
+            <translation>
+                <numerusform>%1 file</numerusform>
+                <numerusform>%1 files</numerusform>
+            </translation>
+        </message>
+        <message>
+            <source>« %1 » n’est pas installée.</source>
+            <translation>“%1” is not installed.</translation>
+        </message>
+        <message>
+            <source>« %1 » ne peut pas être mise à la corbeille : %2</source>
+            <translation>“%1” cannot be moved to the trash: %2</translation>
+        </message>
+        <message>
+            <source>« %1 » retirée. Les fichiers sont dans la Corbeille.</source>
+            <translation>“%1” removed. The files are in the trash.</translation>
+        </message>
+        <message>
             <source>Lecture de l'index…</source>
             <translation>Reading the index…</translation>
         </message>
@@ -2879,13 +3027,6 @@
         <message>
             <source>%1 px au lieu de %2</source>
             <translation>%1 px instead of %2</translation>
-        </message>
-        <message numerus="yes">
-            <source>%1 styles</source>
-            <translation>
-                <numerusform>%1 style</numerusform>
-                <numerusform>%1 styles</numerusform>
-            </translation>
         </message>
         <message>
             <source>Favori</source>

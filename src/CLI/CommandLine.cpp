@@ -188,6 +188,7 @@ private:
                               runFingerprintCommand),
                  localized("NOM-POSTSCRIPT"), m_arguments, localized("Le nom PostScript de la police."));
         addSimilar();
+        addGoogle();
         addApply();
         addBackup("backup", localized("Sauvegarde les tags, collections, favoris et familles récentes."),
                   runBackupCommand);
@@ -206,6 +207,23 @@ private:
             ->type_name(localized("NOMBRE"))
             ->group(optionsGroup());
         similar->add_flag("--all-scripts", m_similar.allScripts, localized("Avec les polices non latines."))
+            ->group(optionsGroup());
+    }
+
+    void addGoogle()
+    {
+        CLI::App *google =
+            addForTexts("google", localized("Consulte le catalogue Google Fonts, et en installe des familles."),
+                        [this](const CommandContext &context, const Arguments &words, OutputFormat format) {
+                            return runGoogleCommand(context, words, m_googleSource, format);
+                        });
+        addTexts(*google, "ACTION", m_arguments,
+                 localized("catalog (si rien n’est donné) ; preview FAMILLE ; subsets ; install FAMILLE ; "
+                           "remove FAMILLE"));
+        google
+            ->add_flag_callback(
+                "--refresh", [this] { m_googleSource = CatalogSource::Service; },
+                localized("Demande le catalogue au service, même si celui du disque a moins de sept jours."))
             ->group(optionsGroup());
     }
 
@@ -276,6 +294,7 @@ private:
     std::string m_selection;
     std::string m_file;
     SimilarOptions m_similar;
+    CatalogSource m_googleSource = CatalogSource::Usual;
     std::string m_host;
     CaptureOptions m_capture;
     bool m_takesTexts = false; // which have to be UTF-8

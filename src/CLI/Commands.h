@@ -26,6 +26,8 @@ struct SimilarOptions {
     bool allScripts = false; // non-Latin fonts too
 };
 
+enum class CatalogSource { Usual, Service }; // Service: asked even where what is on disk is fresh
+
 // What a command works on.
 struct CommandContext {
     const FontCatalog &catalog;
@@ -63,6 +65,8 @@ int runRecentsCommand(const CommandContext &context, const std::vector<std::stri
 int runFingerprintCommand(const CommandContext &context, const std::vector<std::string> &words, OutputFormat format);
 int runSimilarCommand(const CommandContext &context, const std::vector<std::string> &words,
                       const SimilarOptions &options, OutputFormat format);
+int runGoogleCommand(const CommandContext &context, const std::vector<std::string> &words, CatalogSource source,
+                     OutputFormat format);
 // Gives the text that is selected in a program the font.
 int runApplyCommand(const CommandContext &context, const std::vector<std::string> &words, const std::string &host,
                     OutputFormat format);

@@ -16,6 +16,7 @@ enum class NameId : std::uint16_t {
     PostScriptName = 6,
     Manufacturer = 8,
     Designer = 9,
+    Licence = 13, // its text or a description of it
     LicenseUrl = 14,
     TypographicFamily = 16,
     TypographicSubfamily = 17,

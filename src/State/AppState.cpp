@@ -2,6 +2,7 @@
 
 #include "Platform/FontCatalog.h"
 #include "Platform/FontRegistry.h"
+#include "State/GoogleSettings.h"
 #include "State/SettingsFile.h"
 #include "Support/Localization.h"
 
@@ -74,6 +75,13 @@ AppState::AppState(const Surroundings &surroundings, const Delays &delays)
     , m_folders(m_activation, surroundings.registry, surroundings.events, surroundings.directories, delays.folderRescan)
     , m_settings(settingsFile(surroundings.directories), QSettings::IniFormat)
     , m_foreignChanges(delays.foreignChanges)
+    , m_googleCacheFile(GoogleFontsCatalog::cacheFile(surroundings.directories))
+    , m_googleInstallRoot(GoogleFontsCatalog::installRoot(surroundings.directories))
+    , m_googleAddresses(googleAddresses(surroundings.directories))
+    , m_googleSubsets(m_http, m_googleAddresses, GoogleIdentifyIndex::cacheDirectory(surroundings.directories))
+    , m_googleFiles(m_http, m_googleAddresses, m_googleInstallRoot)
+    , m_googlePreviews(m_googleSubsets, surroundings.directories)
+    , m_googleIdentify(m_googleSubsets)
     , m_settingsSaving(delays.settings, [this] { saveSettings(); })
     , m_registryRefresh(delays.registryRefresh, [this] { refreshRegisteredFonts(); })
     , m_noticeDismissal(delays.notice, [this] { dismissNotice(); })
@@ -106,6 +114,7 @@ void AppState::followOtherProcesses(const Directories &directories)
     m_foreignChanges.addFile(directories.applicationSupport / "watched-folders.json",
                              [this] { m_folders.rescanAll(); });
     m_foreignChanges.addFile(directories.applicationSupport / "activation.json", [this] { m_activation.reload(); });
+    m_foreignChanges.addFile(m_googleInstallRoot, [this] { refreshGoogleInstalled(); });
     m_foreignChanges.setDatabase(m_store, [this] { reloadUserData(); });
 }
 

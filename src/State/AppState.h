@@ -1,7 +1,11 @@
 #pragma once
 
 #include "Bridge/ApplyResult.h"
+#include "Catalogs/GoogleFamilyFiles.h"
+#include "Catalogs/GooglePreviewStore.h"
+#include "Catalogs/HttpsClient.h"
 #include "Identify/FingerprintIndex.h"
+#include "Identify/GoogleIdentifyIndex.h"
 #include "Library/ActivationManager.h"
 #include "Library/FolderLibrary.h"
 #include "State/FilterSignature.h"
@@ -141,6 +145,18 @@ public:
     Field<std::int64_t> tagsRevision;
     Field<std::int64_t> smartRevision;
 
+    // The Google Fonts catalogue; see also googlePreviews() and googleIdentify().
+    Field<GoogleFamilies> googleCatalog;                  // in the service's order
+    Field<bool> googleCatalogLoading;                     // it is being fetched
+    Field<std::optional<std::string>> googleCatalogError; // of the last fetch, for the user
+    Field<FamilyNames> googleInstalledFamilies;
+    Field<std::map<std::string, double>> googleInstallProgress;    // of families being installed, 0…1
+    Field<std::map<std::string, std::string>> googleInstallErrors; // by family, of its last installation or removal
+    QProperty<std::optional<std::string>> googleSelectedFamily;
+    QProperty<std::vector<std::string>> googleCompare;
+    QProperty<std::optional<std::string>> googleFocusFamily;
+    QProperty<std::vector<std::string>> googleArrowFamilies; // that arrow keys step through
+
     // What has just happened; gone by itself after a while.
     Field<std::optional<Notice>> notice;
     Field<std::optional<ApplyResult>> applyFeedback;
@@ -156,6 +172,9 @@ public:
     FolderLibrary &folderLibrary() { return m_folders; }
     const FolderLibrary &folderLibrary() const { return m_folders; }
     FingerprintIndex &fingerprints() const { return *m_fingerprints; }
+    GooglePreviewStore &googlePreviews() { return m_googlePreviews; }
+    GoogleIdentifyIndex &googleIdentify() { return m_googleIdentify; }
+    const GoogleFontFamily *googleFamily(const std::string &name) const;     // null when the catalogue has none
     const std::shared_ptr<FontIndexStore> &store() const { return m_store; } // null when it could not be opened
     const std::optional<FontIndexStore::StoreError> &storeError() const { return m_storeError; }
 
@@ -185,6 +204,17 @@ public:
     ActivationState activationState(const FontFamily &family) const;
     QCoro::Task<bool> setActive(const FontFamilyPointer &family, bool on); // false, with a notice, when a file failed
     QCoro::Task<bool> setFilesActive(std::vector<std::string> files, bool on); // likewise, of any watched folder
+
+    // Google Fonts.
+    // Reads the copy on disk, where nothing was read yet, and asks the service when that is older than seven days, or
+    // in any case (`force`). What is there stays when the service fails.
+    QCoro::Task<> loadGoogleCatalog(bool force);
+    // Downloads a family of the catalogue and activates its files. False, with a text in googleInstallErrors or a
+    // notice, when that failed, and when it is being installed already.
+    QCoro::Task<bool> installGoogleFamily(std::string name);
+    // Deactivates it, and moves its files to the trash. False, with a text as above, when that failed.
+    QCoro::Task<bool> removeGoogleFamily(std::string name);
+    void refreshGoogleInstalled(); // looks at what is installed
 
     // Tags.
     std::vector<std::pair<std::string, std::int64_t>> allTags() const; // with the number of families, as names sort
@@ -257,6 +287,7 @@ private:
     void publishTags(TagsByFamily stored);
     void publishCollections(Collections stored, std::map<std::string, FamilyNames> members);
     void publishSmartCollections(std::vector<SmartCollection> stored);
+    void failGoogleFamily(const std::string &name, std::string error);
     template <typename Change>
     bool write(Change &&change); // to the store; false without one
 
@@ -269,6 +300,15 @@ private:
     std::unique_ptr<FingerprintIndex> m_fingerprints;
     QSettings m_settings;
     ForeignChanges m_foreignChanges;
+
+    std::filesystem::path m_googleCacheFile;
+    std::filesystem::path m_googleInstallRoot;
+    GoogleAddresses m_googleAddresses;
+    HttpsClient m_http; // one for all: it counts the connections
+    GoogleSubsets m_googleSubsets;
+    GoogleFamilyFiles m_googleFiles;
+    GooglePreviewStore m_googlePreviews;
+    GoogleIdentifyIndex m_googleIdentify;
 
     std::int64_t m_listRevision = 0; // grows with changes that the signature does not tell apart
     mutable GlyphCoverage m_glyphs;

@@ -80,6 +80,7 @@ QCoro::Task<> AppState::load()
         hasLoaded.set(true);
         co_return;
     }
+    refreshGoogleInstalled();
     reloadUserData();
     co_await m_activation.reapplyOnLaunch();
     if (!self)

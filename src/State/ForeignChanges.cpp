@@ -49,7 +49,8 @@ ForeignChanges::Stamp ForeignChanges::stampOf(const std::filesystem::path &file)
 {
     std::error_code error;
     const auto modified = std::filesystem::last_write_time(file, error);
-    const auto size = error ? 0 : std::filesystem::file_size(file, error);
+    const bool isFolder = !error && std::filesystem::is_directory(file, error);
+    const auto size = error || isFolder ? 0 : std::filesystem::file_size(file, error);
     return error ? Stamp() : Stamp{modified, size};
 }
 

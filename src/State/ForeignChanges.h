@@ -22,7 +22,8 @@ public:
 
     explicit ForeignChanges(std::chrono::milliseconds interval);
 
-    void addFile(std::filesystem::path file, Reaction onChange);                // by whichever process
+    // A file, or a folder in which entries come and go; by whichever process.
+    void addFile(std::filesystem::path file, Reaction onChange);
     void setDatabase(std::shared_ptr<FontIndexStore> store, Reaction onChange); // by other processes; null is none
 
     void start(); // changes from now on are told

@@ -1,0 +1,11 @@
+#pragma once
+
+class QSslConfiguration;
+
+namespace kerlune {
+
+// TLS 1.2 or later with the system's certificate authorities; those of SSL_CERT_FILE and SSL_CERT_DIR are trusted too,
+// as every program that uses OpenSSL does. Certificates are always verified.
+QSslConfiguration systemTls();
+
+} // namespace kerlune
