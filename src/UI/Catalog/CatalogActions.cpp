@@ -31,7 +31,7 @@ void CatalogActions::askToRemove(const std::string &family)
     question->setIcon(QMessageBox::Question);
     question->setTextFormat(Qt::PlainText);
     question->setWindowTitle(uiText("Retirer une famille"));
-    question->setText(uiText("Retirer « %1 » ?", {shown(family)}));
+    question->setText(uiText("Retirer « %1 » ?", {shown(family)}));
     question->setInformativeText(
         uiText("Les autres programmes ne la voient plus. Ses fichiers vont dans la corbeille."));
     const QPushButton *remove = question->addButton(uiText("Retirer"), QMessageBox::AcceptRole);
@@ -50,14 +50,14 @@ void CatalogActions::compare(const std::string &family)
     const std::size_t before = state.comparisonSet.value().size();
     m_workspace.addToComparison({family});
     if (state.comparisonSet.value().size() > before)
-        state.setNotice({localized("« %1 » est dans la comparaison.", {family})});
+        state.setNotice({localized("« %1 » est dans la comparaison.", {family})});
 }
 
 void CatalogActions::showInLibrary(const std::string &family)
 {
     AppState &state = m_workspace.state();
     if (state.family(family) == nullptr) {
-        state.setNotice({localized("« %1 » n’est pas encore dans la bibliothèque.", {family})});
+        state.setNotice({localized("« %1 » n’est pas encore dans la bibliothèque.", {family})});
         return;
     }
     state.filters = Filters();
