@@ -24,9 +24,21 @@ constexpr std::size_t kFamilies = 10'000;
 constexpr std::size_t kFacesOfAFamily = 5;
 constexpr std::size_t kFaces = kFamilies * kFacesOfAFamily;
 
+// Proportional all of them: none is passed over.
+std::vector<FontRecordPointer> comparableRecords()
+{
+    auto records = MadeRecords::make(kFamilies, kFacesOfAFamily);
+    for (FontRecordPointer &record : records) {
+        FontRecord proportional = *record;
+        proportional.isMonospace = false;
+        record = std::make_shared<const FontRecord>(std::move(proportional));
+    }
+    return records;
+}
+
 struct Library {
     Library()
-        : records(MadeRecords::make(kFamilies, kFacesOfAFamily))
+        : records(comparableRecords())
         , matrix(kFaces * Fingerprint::kLength)
         , product(kFaces)
     {

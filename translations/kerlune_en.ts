@@ -4153,10 +4153,6 @@ Free software under the MIT license.</translation>
             <translation>These two settings are kept, but have no effect in this version yet.</translation>
         </message>
         <message>
-            <source>Polices similaires : ne comparer que les lettres latines</source>
-            <translation>Similar fonts: compare Latin letters only</translation>
-        </message>
-        <message>
             <source>Identification : chercher aussi dans Google Fonts</source>
             <translation>Identification: search Google Fonts too</translation>
         </message>

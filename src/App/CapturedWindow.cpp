@@ -76,11 +76,11 @@ void setUp(WindowProgram &program, const CaptureRequest &request, const std::vec
 bool waitForFingerprints(AppState &state)
 {
     FingerprintIndex &fingerprints = state.fingerprints();
-    fingerprints.build(state.allRecords());
-    if (!waitFor([&] { return !fingerprints.isBuilding(); }))
-        return false;
     fingerprints.load();
-    return waitFor([&] { return fingerprints.isLoaded(); });
+    if (!waitFor([&] { return fingerprints.isLoaded(); }))
+        return false;
+    fingerprints.build(state.allRecords());
+    return waitFor([&] { return !fingerprints.isBuilding(); });
 }
 
 int write(const QImage &image, const std::filesystem::path &output)

@@ -25,6 +25,16 @@ const Clock::time_point g_start = Clock::now(); // before main()
 
 // Fingerprints are computed when the library is there and has not changed for a while.
 constexpr std::chrono::seconds kQuietBeforeAnalysis{4};
+// Of a library of this size, records, fingerprints and window stay below 250 MB together. A larger one has its
+// fingerprints read when somebody first asks for look-alikes.
+constexpr std::size_t kMostFacesReadAhead = 32'768;
+
+void analyse(const AppState &state)
+{
+    if (state.allRecords().size() <= kMostFacesReadAhead)
+        state.fingerprints().load();
+    state.fingerprints().build(state.allRecords());
+}
 
 bool hasDisplay()
 {
@@ -100,7 +110,7 @@ int openWindow(const ProgramParts &parts, const std::vector<std::string> &paths)
     if (qEnvironmentVariable("KERLUNE_START_REPORT") == QStringLiteral("1"))
         QObject::connect(&window, &MainWindow::painted, &window, reportFirstPaint);
     AppState &state = program.state();
-    Debounce analysis(kQuietBeforeAnalysis, [&state] { state.fingerprints().build(state.allRecords()); });
+    Debounce analysis(kQuietBeforeAnalysis, [&state] { analyse(state); });
     const auto libraryObserver = state.library.observe([&analysis] { analysis.trigger(); });
     window.show();
     state.load();

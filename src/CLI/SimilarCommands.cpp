@@ -47,14 +47,12 @@ int reportUnmeasured(const FontRecord &record)
 void analyse(AppState &state)
 {
     FingerprintIndex &fingerprints = state.fingerprints();
-    {
-        const std::string label = localized("Analyse visuelle de la bibliothèque…");
-        StatusLine line;
-        const auto observer = fingerprints.bindableProgress().addNotifier(
-            [&] { line.show(withProgressCells(label, fingerprints.progress())); });
-        await(fingerprints.build(state.allRecords()));
-    }
     await(fingerprints.load());
+    const std::string label = localized("Analyse visuelle de la bibliothèque…");
+    StatusLine line;
+    const auto observer = fingerprints.bindableProgress().addNotifier(
+        [&] { line.show(withProgressCells(label, fingerprints.progress())); });
+    await(fingerprints.build(state.allRecords()));
 }
 
 nlohmann::json encodeSimilar(const FingerprintIndex::Similar &similar)

@@ -72,10 +72,10 @@ Grid gridOf(const CoverageImage &image)
 // Empty where there is no ink.
 std::vector<int> runsOf(const CoverageImage &image, double fraction)
 {
-    const int row = std::clamp(static_cast<int>(fraction * kCanvas), 0, static_cast<int>(kCanvas) - 1);
+    const auto row = static_cast<std::uint32_t>(std::clamp(fraction * kCanvas, 0.0, kCanvas - 1.0));
     std::vector<int> runs;
     bool wasInk = false;
-    for (const std::uint8_t coverage : image.row(static_cast<std::uint32_t>(row))) {
+    for (const std::uint8_t coverage : image.row(row)) {
         const bool isInk = coverage >= kLeastInk;
         if (isInk && !wasInk)
             runs.push_back(0);

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <limits>
 #include <optional>
 #include <string_view>
@@ -24,6 +25,7 @@ constexpr std::array<std::string_view, 19> kNonLatinScripts{
     "arabic", "hebrew",  "devanagari", "thai",     "japanese", "korean", "chinese", "tamil", "bengali", "gujarati",
     "telugu", "kannada", "malayalam",  "gurmukhi", "sinhala",  "oriya",  "myanmar", "lao",   "khmer"};
 
+// None when not all of them can be read.
 std::shared_ptr<FingerprintMatrix> storedVectors(FontIndexStore &store)
 {
     auto vectors = std::make_shared<FingerprintMatrix>();
@@ -31,7 +33,7 @@ std::shared_ptr<FingerprintMatrix> storedVectors(FontIndexStore &store)
     const bool isComplete = store.readFingerprints([&](const std::string &name, std::span<const std::uint8_t> blob) {
         vectors->insert(name, Fingerprint::decode(blob));
     });
-    return isComplete ? vectors : nullptr;
+    return isComplete ? vectors : std::make_shared<FingerprintMatrix>();
 }
 
 // The candidates that are compared with the reference.
@@ -92,12 +94,17 @@ QCoro::Task<> FingerprintIndex::load()
     if (m_store == nullptr || m_isLoaded)
         co_return;
     const QPointer<FingerprintIndex> self(this);
-    const auto reading = QtConcurrent::run(&m_pool, [store = m_store] { return storedVectors(*store); });
+    if (!m_reading)
+        m_reading = QtConcurrent::run(&m_pool, [store = m_store] { return storedVectors(*store); });
+    const auto reading = *m_reading;
     const std::shared_ptr<FingerprintMatrix> stored = co_await reading;
-    if (!self || stored == nullptr || m_isLoaded)
+    if (!self || m_isLoaded)
         co_return;
+    m_reading.reset();
     m_vectors = stored;
     m_isLoaded = true;
+    if (m_unsaved != nullptr)
+        add(*m_unsaved);
     m_revision = m_revision.value() + 1;
 }
 
@@ -117,18 +124,27 @@ QCoro::Task<> FingerprintIndex::build(Records records)
     const QPointer<FingerprintIndex> self(this);
     m_isBuilding = true;
     m_progress = 0;
-    if (!m_names)
+    if (!m_isLoaded && !m_names)
         co_await readNames();
     if (!self)
         co_return;
-    std::erase_if(records,
-                  [this](const FontRecordPointer &record) { return m_names->contains(record->postScriptName); });
+    keepMissing(records);
     if (!records.empty())
         co_await compute(std::move(records));
     if (!self)
         co_return;
     m_progress = 1;
     m_isBuilding = false;
+}
+
+// One record of each name that has no fingerprint: the first, as where fonts are asked for by name.
+void FingerprintIndex::keepMissing(Records &records) const
+{
+    std::unordered_set<std::string_view> names;
+    std::erase_if(records, [&](const FontRecordPointer &record) {
+        const std::string &name = record->postScriptName;
+        return (m_isLoaded ? m_vectors->contains(name) : m_names->contains(name)) || !names.insert(name).second;
+    });
 }
 
 QCoro::Task<> FingerprintIndex::compute(Records records)
@@ -145,17 +161,26 @@ QCoro::Task<> FingerprintIndex::compute(Records records)
     const std::shared_ptr<const Vectors> computed = co_await computing;
     if (!self)
         co_return;
-    if (m_isLoaded)
-        m_vectors->reserve(m_vectors->count() + computed->size());
-    for (const auto &[name, vector] : *computed) {
-        m_names->insert(name);
-        if (m_isLoaded)
-            m_vectors->insert(name, vector);
-    }
+    add(*computed);
+    m_unsaved = computed;
+    m_revision = m_revision.value() + 1;
+    m_progress = 1;
     const auto saving = QtConcurrent::run(&m_pool, [store = m_store, computed] { store->saveFingerprints(*computed); });
     co_await saving;
     if (self)
-        m_revision = m_revision.value() + 1;
+        m_unsaved.reset();
+}
+
+void FingerprintIndex::add(const Vectors &computed)
+{
+    if (m_isLoaded)
+        m_vectors->reserve(m_vectors->count() + computed.size());
+    for (const auto &[name, vector] : computed) {
+        if (m_isLoaded)
+            m_vectors->insert(name, vector);
+        if (m_names)
+            m_names->insert(name);
+    }
 }
 
 std::vector<FingerprintIndex::Similar> FingerprintIndex::similar(const std::string &postScriptName,
@@ -176,8 +201,10 @@ std::vector<FingerprintIndex::Similar> FingerprintIndex::similar(const std::stri
         for (std::size_t i = first; i != last; ++i) {
             const FontRecord &candidate = *candidates[i];
             const auto vector = choice.takes(candidate) ? m_vectors->find(candidate.postScriptName) : std::nullopt;
-            if (vector)
-                scores[i] = FingerprintMatrix::score(*reference, *vector);
+            if (!vector)
+                continue;
+            const float score = FingerprintMatrix::score(*reference, *vector);
+            scores[i] = std::isfinite(score) ? score : 0; // whatever the database holds
         }
     });
 

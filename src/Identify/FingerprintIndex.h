@@ -5,6 +5,7 @@
 
 #include <QBindable>
 #include <QCoroTask>
+#include <QFuture>
 #include <QObject>
 #include <QProperty>
 #include <QThreadPool>
@@ -22,8 +23,7 @@
 namespace kerlune {
 
 // The fingerprints of the library: computes those that are missing, keeps them in the store, and tells which fonts look
-// like a given one. Those of 50,000 faces take 176 MB: they are in memory only once they have been asked for by load();
-// which ones there are is known without them.
+// like a given one. Those of 50,000 faces take 176 MB: they are in memory only once they have been asked for by load().
 //
 // Thread: main. Computing, reading and writing are done on others; going waits for them.
 // Errors: none. A font that cannot be measured has no fingerprint, and every build tries it again.
@@ -70,12 +70,16 @@ private:
     using Vectors = std::unordered_map<std::string, Fingerprint::Vector>;
 
     QCoro::Task<> readNames();
+    void keepMissing(Records &records) const;
     QCoro::Task<> compute(Records records);
+    void add(const Vectors &computed);
 
     std::shared_ptr<FontIndexStore> m_store;
     std::shared_ptr<FingerprintMatrix> m_vectors = std::make_shared<FingerprintMatrix>();
+    std::optional<QFuture<std::shared_ptr<FingerprintMatrix>>> m_reading; // of the stored ones, while it runs
     bool m_isLoaded = false;
-    std::optional<std::unordered_set<std::string>> m_names; // of the faces that have one; absent before they were read
+    std::optional<std::unordered_set<std::string>> m_names; // of the faces that have one, where these are not loaded
+    std::shared_ptr<const Vectors> m_unsaved;               // which a reading may have come too early for
     QProperty<std::int64_t> m_revision;
     QProperty<bool> m_isBuilding;
     QProperty<double> m_progress;

@@ -34,7 +34,7 @@ tl::expected<std::unique_ptr<Font>, FontError> Font::create(std::shared_ptr<cons
 {
     if (face->unitsPerEm() == 0)
         return tl::unexpected(FontError::NoUnitsPerEm);
-    auto freeType = FreeTypeFace::open(face->file(), face->faceIndex());
+    auto freeType = FreeTypeFace::open(face->file(), face->faceIndex(), FreeTypeFace::Offer::Outlines);
     if (!freeType)
         return tl::unexpected(freeType.error());
     selectInstance((*freeType)->face(), face->coordinates());
@@ -96,6 +96,7 @@ bool Font::draw(std::uint32_t glyph, const GlyphPlacement &placement, CoverageIm
     FT_Outline outline = m_freeType->face()->glyph->outline; // with points of its own: the slot keeps the glyph
     std::vector<FT_Vector> points(outline.points, outline.points + outline.n_points);
     outline.points = points.data();
+    outline.flags &= ~FT_OUTLINE_EVEN_ODD_FILL; // it would open holes where contours overlap
     const double scale = placement.scale * m_size / m_face->unitsPerEm() / kOutlineUnitsPerFontUnit;
     const auto place = [scale](FT_Pos position, double offset) {
         const double pixels =

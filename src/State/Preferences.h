@@ -29,7 +29,7 @@ public:
     QProperty<QString> customPreviewText; // what the user typed as a sample of their own
     QProperty<bool> applyHotKeyEnabled;   // the hot key that applies the selected font
     QProperty<bool> autoActivateMissingFonts;
-    QProperty<bool> similarLatinOnly; // similar fonts look at Latin letters only
+    QProperty<bool> similarLatinOnly; // no fonts of other scripts among look-alikes
     QProperty<bool> showMenuBarExtra; // the icon in the notification area
     QProperty<bool> identifySearchesGoogle;
     QProperty<QString> resolvePath; // where DaVinci Resolve is installed; empty for the usual place

@@ -10,9 +10,12 @@
 #include <QCoreApplication>
 #include <QCoroTask>
 #include <gmock/gmock.h>
+#include <sqlite3.h>
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
+#include <mutex>
 
 namespace kerlune {
 namespace {
@@ -81,6 +84,14 @@ protected:
         return std::make_shared<const FontRecord>(*std::move(record));
     }
 
+    void execute(const std::string &sql) const
+    {
+        sqlite3 *database = nullptr;
+        ASSERT_EQ(sqlite3_open((m_home.path() / "index.sqlite").c_str(), &database), SQLITE_OK);
+        EXPECT_EQ(sqlite3_exec(database, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sql;
+        sqlite3_close(database);
+    }
+
     int m_argc = 0;
     QCoreApplication m_application{m_argc, nullptr};
     TempFolder m_home;
@@ -123,10 +134,24 @@ TEST_F(FingerprintIndexTest, KeepsToTheSpacingAndToLatin)
     EXPECT_THAT(similar("Mono"), ElementsAre(Pair("Mono2", 100)));
 }
 
+TEST_F(FingerprintIndexTest, PassesOverNumbersThatAreNone)
+{
+    Vector broken = atDegrees(0);
+    broken[5] = std::numeric_limits<float>::quiet_NaN();
+    Vector endless = atDegrees(0);
+    endless[0] = -std::numeric_limits<float>::infinity();
+    add("R", "Reference", atDegrees(0));
+    add("Broken", "A", broken);
+    add("Endless", "B", endless);
+    add("C", "C", atDegrees(30));
+    EXPECT_THAT(similar("R"), ElementsAre(Pair("C", 87), Pair("Broken", 0), Pair("Endless", 0)));
+}
+
 TEST_F(FingerprintIndexTest, ComputesWhatIsMissingAndKeepsIt)
 {
     const FingerprintIndex::Records records{recordOf("fingerprint-four.ttf"), recordOf("fingerprint-wide.ttf"),
                                             recordOf("fingerprint-three.ttf")}; // the last one has none
+    const std::string &name = records.front()->postScriptName;
     FingerprintIndex index(m_store);
     QCoro::waitFor(index.build(records));
     EXPECT_FALSE(index.isBuilding());
@@ -134,24 +159,61 @@ TEST_F(FingerprintIndexTest, ComputesWhatIsMissingAndKeepsIt)
     EXPECT_EQ(index.vectors().count(), 0U) << "nobody has asked for them";
     QCoro::waitFor(index.load());
     EXPECT_EQ(index.vectors().count(), 2U);
-    const auto vector = index.vectors().find(records.front()->postScriptName);
+    const auto vector = index.vectors().find(name);
     ASSERT_TRUE(vector);
     EXPECT_THAT(*Fingerprint::compute(openFace(testFont("fingerprint-four.ttf"))), testing::ElementsAreArray(*vector));
+    EXPECT_THAT(m_store->loadFingerprints().at(name), testing::ElementsAreArray(*vector));
 
+    m_store->saveFingerprints({{name, atDegrees(0)}}); // seen if it were computed or written again
     FingerprintIndex again(m_store);
-    m_store->saveFingerprints({{records.front()->postScriptName, atDegrees(0)}}); // seen if it were written again
     QCoro::waitFor(again.build({records[0], records[1]}));
     EXPECT_FALSE(again.isBuilding());
     EXPECT_DOUBLE_EQ(again.progress(), 1);
-    EXPECT_EQ(m_store->loadFingerprints().at(records.front()->postScriptName), atDegrees(0));
+    EXPECT_EQ(m_store->loadFingerprints().at(name), atDegrees(0));
 
     QCoro::waitFor(again.load());
+    EXPECT_THAT(atDegrees(0), testing::ElementsAreArray(*again.vectors().find(name)));
     QCoro::waitFor(again.build({recordOf("plain.ttf")}));
     EXPECT_EQ(again.vectors().count(), 3U) << "what comes later is there at once";
 
     FingerprintIndex without(nullptr);
     QCoro::waitFor(without.build(records));
     EXPECT_EQ(without.vectors().count(), 0U);
+}
+
+// As a window keeps them: every face of a name that several files have.
+TEST_F(FingerprintIndexTest, TakesTheFirstFaceOfAName)
+{
+    const FontRecordPointer first = recordOf("fingerprint-four.ttf");
+    FontRecord second = *recordOf("fingerprint-four.ttf");
+    second.filePath = testFont("fingerprint-namesake.ttf");
+    const auto own = Fingerprint::compute(openFace(second.filePath));
+    ASSERT_TRUE(own);
+    for (const bool isFirst : {true, false}) {
+        FingerprintIndex::Records records{first, std::make_shared<const FontRecord>(second)};
+        if (!isFirst)
+            std::swap(records[0], records[1]);
+        auto store = FontIndexStore::open(m_home.path() / (isFirst ? "a.sqlite" : "b.sqlite"));
+        ASSERT_TRUE(store);
+        FingerprintIndex index(*std::move(store));
+        QCoro::waitFor(index.load());
+        QCoro::waitFor(index.build(records));
+        const auto vector = index.vectors().find(first->postScriptName);
+        ASSERT_TRUE(vector);
+        EXPECT_EQ(std::equal(vector->begin(), vector->end(), own->begin()), !isFirst);
+    }
+}
+
+TEST_F(FingerprintIndexTest, ComputesWhatIsStoredWrongAgain)
+{
+    const FontRecordPointer record = recordOf("fingerprint-four.ttf");
+    execute("INSERT INTO fingerprints VALUES('" + record->postScriptName + "', x'00112233445566778899')");
+    FingerprintIndex index(m_store);
+    QCoro::waitFor(index.load());
+    EXPECT_FALSE(index.vectors().contains(record->postScriptName));
+    QCoro::waitFor(index.build({record}));
+    EXPECT_TRUE(index.vectors().contains(record->postScriptName));
+    EXPECT_THAT(m_store->loadFingerprints().at(record->postScriptName), testing::SizeIs(Fingerprint::kLength));
 }
 
 TEST_F(FingerprintIndexTest, BuildsOnceAtATime)
@@ -164,6 +226,39 @@ TEST_F(FingerprintIndexTest, BuildsOnceAtATime)
     QCoro::waitFor(first);
     QCoro::waitFor(index.load());
     EXPECT_EQ(index.vectors().count(), 1U);
+}
+
+TEST_F(FingerprintIndexTest, LosesNothingToAReadingThatComesBeforeTheyAreSaved)
+{
+    FingerprintIndex index(m_store);
+    QCoro::waitFor(index.build({})); // the names are known: computing begins at once
+    auto building = index.build({recordOf("fingerprint-four.ttf")});
+    auto reading = index.load(); // behind it, and before the saving
+    auto sameReading = index.load();
+    QCoro::waitFor(building);
+    QCoro::waitFor(reading);
+    QCoro::waitFor(sameReading);
+    EXPECT_TRUE(index.isLoaded());
+    EXPECT_EQ(index.vectors().count(), 1U);
+}
+
+TEST_F(FingerprintIndexTest, ReportsEveryHundredthFaceThatHasOne)
+{
+    std::mutex mutex;
+    std::vector<std::size_t> reported;
+    const auto compute = [&](const char *font, std::size_t count) {
+        reported.clear();
+        const FingerprintIndex::Records records(count, recordOf(font));
+        computeFingerprints(records,
+                            [&](std::size_t done) {
+                                const std::lock_guard turn(mutex);
+                                reported.push_back(done);
+                            },
+                            {});
+        return reported;
+    };
+    EXPECT_THAT(compute("fingerprint-four.ttf", 250), testing::UnorderedElementsAre(100, 200));
+    EXPECT_THAT(compute("fingerprint-three.ttf", 100), IsEmpty());
 }
 
 TEST_F(FingerprintIndexTest, FindsTheFacesOfCollectionsAndVariableFonts)

@@ -83,6 +83,16 @@ TEST(Font, RefusesGlyphsThatCannotBeComposed)
     EXPECT_TRUE(real->boundingBox(real->glyph(U'Ế'))); // a composite of composites
 }
 
+TEST(Font, DrawsTheOutlinesBehindPictures)
+{
+    const auto font = openFont(testFont("color-sbix.ttf"), 100);
+    const auto box = font->boundingBox(font->glyph(U'I'));
+    ASSERT_TRUE(box);
+    auto image = CoverageImage::create(100, 100);
+    EXPECT_TRUE(font->draw(font->glyph(U'I'), {}, *image));
+    EXPECT_EQ(image->row(60)[7], 255); // a bar from 5 to 15
+}
+
 TEST(Font, HasNoOutlineWhereThereIsNone)
 {
     const auto font = openFont(testFont("plain.ttf"), 96);

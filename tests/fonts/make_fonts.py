@@ -39,6 +39,7 @@ UPPER, LOWER, DIGITS = characters(0x41, 26), characters(0x61, 26), characters(0x
 LATIN = " " + UPPER + LOWER + DIGITS + ".,;:!?"
 FILLER = characters(0xE000, 110)
 FULL = LATIN + FILLER  # 180 glyphs with .notdef
+ARABIC = "ابتثجحخدذرزسشصضطظعغفقكلمنهوي"
 ACCENTS = "àâäçéèêëîïôöùûüÿœÀÂÇÉÈÊËÎÏÔÖÙÛÜŒ«»"
 
 
@@ -240,6 +241,8 @@ SIMPLE: dict[str, tuple[str, dict[str, Any]]] = {
     "cmap-glyph0": ("Essai Nul", {"remap": {"A": ".notdef"}}),
     "fingerprint-four": ("Essai Empreinte", {
         "drawings": EMPREINTE, "unmapped": "eR", "advance": 500, "post": {"italicAngle": 9}}),
+    "fingerprint-namesake": ("Essai Empreinte", {"drawings": EMPREINTE | {"a": arch(50, 300)}}),
+    "fingerprint-arabic": ("Essai Empreinte Arabe", {"charset": LATIN + ARABIC}),
     "fingerprint-three": ("Essai Empreinte Trois", {"drawings": EMPREINTE, "unmapped": "egR"}),
     "fingerprint-flat": ("Essai Empreinte Plate", {"drawings": EMPREINTE, "heights": (5, 10)}),
     "fingerprint-wide": ("Essai Empreinte Large", {

@@ -231,11 +231,15 @@ QWidget *SettingsWindow::searchPage()
     Preferences &preferences = m_workspace.preferences();
     auto *page = new QWidget;
     auto *layout = pageLayout(page, uiText("Recherche"));
-    layout->addWidget(switchOf(uiText("Polices similaires : ne comparer que les lettres latines"),
-                               preferences.similarLatinOnly, "similarLatinOnly"));
+    layout->addWidget(new QLabel(uiText("Écritures non latines")));
+    layout->addWidget(
+        switchOf(uiText("Écarter les polices non latines"), preferences.similarLatinOnly, "similarLatinOnly"));
+    layout->addWidget(
+        note(uiText("Les polices arabes, indiennes ou asiatiques ont souvent un latin générique qui remonte à tort "
+                    "dans les résultats.")));
+    layout->addSpacing(kGridStep);
     layout->addWidget(switchOf(uiText("Identification : chercher aussi dans Google Fonts"),
                                preferences.identifySearchesGoogle, "identifySearchesGoogle"));
-    layout->addSpacing(kGridStep);
     layout->addWidget(note(uiText("L’identification n’est pas encore dans cette version ; son réglage est gardé.")));
     layout->addStretch(1);
     return page;
