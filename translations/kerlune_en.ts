@@ -3045,6 +3045,170 @@
             <translation>VAR</translation>
         </message>
         <message>
+            <source>Retirer une famille</source>
+            <translation>Remove a family</translation>
+        </message>
+        <message>
+            <source>Retirer « %1 » ?</source>
+            <translation>Remove “%1”?</translation>
+        </message>
+        <message>
+            <source>Les autres programmes ne la voient plus. Ses fichiers vont dans la corbeille.</source>
+            <translation>Other programs no longer see it. Its files go to the trash.</translation>
+        </message>
+        <message>
+            <source>Retirer</source>
+            <translation>Remove</translation>
+        </message>
+        <message>
+            <source>Annuler</source>
+            <translation>Cancel</translation>
+        </message>
+        <message>
+            <source>« %1 » est dans la comparaison.</source>
+            <translation>“%1” is in the comparison.</translation>
+        </message>
+        <message>
+            <source>« %1 » n’est pas encore dans la bibliothèque.</source>
+            <translation>“%1” is not in the library yet.</translation>
+        </message>
+        <message>
+            <source>Voir dans la bibliothèque</source>
+            <translation>Show in the library</translation>
+        </message>
+        <message>
+            <source>Retirer…</source>
+            <translation>Remove…</translation>
+        </message>
+        <message>
+            <source>Installer</source>
+            <translation>Install</translation>
+        </message>
+        <message>
+            <source>Ajouter à la comparaison</source>
+            <translation>Add to the comparison</translation>
+        </message>
+        <message>
+            <source>Copier le nom</source>
+            <translation>Copy Name</translation>
+        </message>
+        <message>
+            <source>Popularité</source>
+            <translation>Popularity</translation>
+        </message>
+        <message>
+            <source>Tendance</source>
+            <translation>Trending</translation>
+        </message>
+        <message>
+            <source>Nouveautés</source>
+            <translation>Newest</translation>
+        </message>
+        <message>
+            <source>Nom</source>
+            <translation>Name</translation>
+        </message>
+        <message>
+            <source>Variables</source>
+            <translation>Variable</translation>
+        </message>
+        <message>
+            <source>Installées</source>
+            <translation>Installed</translation>
+        </message>
+        <message>
+            <source>Catégorie</source>
+            <translation>Category</translation>
+        </message>
+        <message>
+            <source>Ordre</source>
+            <translation>Order</translation>
+        </message>
+        <message>
+            <source>Lire le catalogue de nouveau</source>
+            <translation>Read the catalogue again</translation>
+        </message>
+        <message>
+            <source>N° %1</source>
+            <translation>No. %1</translation>
+        </message>
+        <message>
+            <source>Choisissez une famille pour la voir ici.</source>
+            <translation>Choose a family to see it here.</translation>
+        </message>
+        <message>
+            <source>Créateur</source>
+            <translation>Designer</translation>
+        </message>
+        <message>
+            <source>Styles</source>
+            <translation>Styles</translation>
+        </message>
+        <message>
+            <source>oui</source>
+            <translation>yes</translation>
+        </message>
+        <message>
+            <source>non</source>
+            <translation>no</translation>
+        </message>
+        <message>
+            <source>Ajoutée le</source>
+            <translation>Added on</translation>
+        </message>
+        <message>
+            <source>Installation en cours</source>
+            <translation>Installing</translation>
+        </message>
+        <message>
+            <source>Installation en cours…</source>
+            <translation>Installing…</translation>
+        </message>
+        <message>
+            <source>Installée</source>
+            <translation>Installed</translation>
+        </message>
+        <message>
+            <source>Pas encore installée</source>
+            <translation>Not installed yet</translation>
+        </message>
+        <message>
+            <source>installée</source>
+            <translation>installed</translation>
+        </message>
+        <message>
+            <source>installation en cours</source>
+            <translation>being installed</translation>
+        </message>
+        <message>
+            <source>Familles de Google Fonts</source>
+            <translation>Families of Google Fonts</translation>
+        </message>
+        <message>
+            <source>Catalogue indisponible</source>
+            <translation>Catalogue unavailable</translation>
+        </message>
+        <message>
+            <source>Réessayer</source>
+            <translation>Try again</translation>
+        </message>
+        <message>
+            <source>Aucune famille ne correspond</source>
+            <translation>No family matches</translation>
+        </message>
+        <message>
+            <source>Le catalogue en a d’autres, sans cette recherche et ces filtres.</source>
+            <translation>The catalogue has others, without this search and these filters.</translation>
+        </message>
+        <message>
+            <source>Tout effacer</source>
+            <translation>Clear All</translation>
+        </message>
+        <message>
+            <source>La liste est gardée une semaine sur cet ordinateur.</source>
+            <translation>The list is kept on this computer for a week.</translation>
+        </message>
+        <message>
             <source>Police système</source>
             <translation>System font</translation>
         </message>
@@ -3073,16 +3237,8 @@
             <translation>Inspector</translation>
         </message>
         <message>
-            <source>Choisissez une famille pour la voir ici.</source>
-            <translation>Choose a family to see it here.</translation>
-        </message>
-        <message>
             <source>Informations</source>
             <translation>Information</translation>
-        </message>
-        <message>
-            <source>Styles</source>
-            <translation>Styles</translation>
         </message>
         <message>
             <source>Axes</source>
@@ -3211,10 +3367,6 @@
             <translation>Removing the folder…</translation>
         </message>
         <message>
-            <source>Annuler</source>
-            <translation>Cancel</translation>
-        </message>
-        <message>
             <source>Le fichier ne peut pas être lu.</source>
             <translation>The file cannot be read.</translation>
         </message>
@@ -3327,10 +3479,6 @@
             <translation>Copy HTML Entity</translation>
         </message>
         <message>
-            <source>Copier le nom</source>
-            <translation>Copy Name</translation>
-        </message>
-        <message>
             <source>Caractère, nom anglais ou U+…</source>
             <translation>Character, name or U+…</translation>
         </message>
@@ -3425,10 +3573,6 @@
         <message>
             <source>Intégration</source>
             <translation>Embedding</translation>
-        </message>
-        <message>
-            <source>Nom</source>
-            <translation>Name</translation>
         </message>
         <message>
             <source>Dossier</source>
@@ -3623,10 +3767,6 @@
             <translation>Its fonts leave the library, and those that are active are deactivated. No file is deleted.</translation>
         </message>
         <message>
-            <source>Retirer</source>
-            <translation>Remove</translation>
-        </message>
-        <message>
             <source>Sélectionnez d’abord les familles à marquer.</source>
             <translation>First select the families to tag.</translation>
         </message>
@@ -3645,10 +3785,6 @@
         <message>
             <source>Récents</source>
             <translation>Recent</translation>
-        </message>
-        <message>
-            <source>Variables</source>
-            <translation>Variable</translation>
         </message>
         <message>
             <source>Couleur</source>
@@ -4154,10 +4290,6 @@ Free software under the MIT license.</translation>
             <translation>Search the whole library</translation>
         </message>
         <message>
-            <source>Tout effacer</source>
-            <translation>Clear All</translation>
-        </message>
-        <message>
             <source>Pas encore de favoris</source>
             <translation>No favorites yet</translation>
         </message>
@@ -4352,6 +4484,10 @@ Free software under the MIT license.</translation>
         <message>
             <source>Raccourcis clavier</source>
             <translation>Keyboard Shortcuts</translation>
+        </message>
+        <message>
+            <source>lecture du catalogue…</source>
+            <translation>reading the catalogue…</translation>
         </message>
         <message numerus="yes">
             <source>%1 sélectionnées</source>

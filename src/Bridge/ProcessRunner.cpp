@@ -17,8 +17,8 @@ namespace kerlune {
 
 namespace {
 
-constexpr std::size_t kLongestMessage = 300;          // characters
-constexpr std::size_t kLongestText = 8 * 1024 * 1024; // bytes; of a longer output the end counts
+constexpr std::size_t kLongestMessage = 300;                       // characters
+constexpr std::size_t kLongestText = std::size_t{8} * 1024 * 1024; // bytes; of a longer output the end counts
 
 bool isWithinCharacter(char byte)
 {
@@ -150,7 +150,7 @@ public:
         m_process.setStandardInputFile(QProcess::nullDevice());
         connect(&m_deadline, &QTimer::timeout, this, [this, timeout] { endLateChild(timeout); });
         m_deadline.start(durationOf(timeout));
-        const QFuture<ScriptOutcome> outcome = m_caller.outcome();
+        QFuture<ScriptOutcome> outcome = m_caller.outcome();
         m_process.start();
         return outcome;
     }

@@ -87,4 +87,10 @@ std::string Workspace::previewText() const
     return isBlank ? std::string(AppState::kDefaultPreviewText) : text;
 }
 
+FontRecordPointer Workspace::comparedFace(const std::string &family) const
+{
+    const FontFamilyPointer own = m_state.family(family);
+    return own == nullptr ? m_state.googlePreviews().descriptor(family) : own->representative();
+}
+
 } // namespace kerlune

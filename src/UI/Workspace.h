@@ -11,6 +11,7 @@
 #include <QProperty>
 #include <QUndoStack>
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -55,6 +56,12 @@ public:
 
     // The preview text as it is shown: the sample "Kerlune" when it is empty.
     std::string previewText() const;
+
+    // What a compared family is drawn in: a face of the library, else a preview of the Google catalogue; null where
+    // there is neither.
+    FontRecordPointer comparedFace(const std::string &family) const;
+
+    QProperty<std::int64_t> catalogCount; // how many families the catalogue's page lists
 
 Q_SIGNALS:
     void panelWanted(Workspace::Panel panel);     // shows the inspector with this panel

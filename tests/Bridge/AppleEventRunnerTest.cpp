@@ -17,7 +17,6 @@ namespace {
 using Descriptor = ScriptEngine::Descriptor;
 using Error = ScriptEngine::Error;
 using Returns = AppleEventRunner::Returns;
-using testing::ElementsAre;
 
 class MadeEngine final : public ScriptEngine {
 public:

@@ -18,7 +18,7 @@ const FontRecordPointer kRecord = std::make_shared<const FontRecord>();
 TEST(HostBridge, InterpretsAnswersAndErrorNumbers)
 {
     constexpr HostApp host = HostApp::indesign;
-    const auto failed = [](const char *message) { return ApplyResult(Failed{message, host}); };
+    const auto failed = [&](const char *message) { return ApplyResult(Failed{message, host}); };
     const std::vector<std::pair<ScriptOutcome, ApplyResult>> cases{
         {ScriptFailure{-1743, "x"}, NotAuthorized{host}},
         {ScriptFailure{-600, "x"}, NotRunning{host}},

@@ -82,6 +82,7 @@ void ComparisonView::observeState()
     AppState &state = m_workspace.state();
     m_observers.push_back(state.comparisonSet.addNotifier([this] { follow(); }));
     m_observers.push_back(state.library.observe([this] { follow(); }));
+    m_observers.push_back(state.googlePreviews().bindableRevision().addNotifier([this] { follow(); }));
     m_observers.push_back(state.previewText.addNotifier([this] { follow(); }));
     m_observers.push_back(state.previewSize.addNotifier([this] { layOut(); }));
     m_observers.push_back(state.selectedFamily.addNotifier([this] {
@@ -145,15 +146,11 @@ ComparisonRow *ComparisonView::makeRow()
 
 void ComparisonView::fillRow(std::size_t index)
 {
-    const auto faceOf = [this](const std::string &name) {
-        const FontFamilyPointer family = m_workspace.state().family(name);
-        return family == nullptr ? FontRecordPointer() : family->representative();
-    };
     ComparisonRow::Content content{.family = compared()[index],
-                                   .face = faceOf(compared()[index]),
+                                   .face = m_workspace.comparedFace(compared()[index]),
                                    .isFirst = index == 0,
                                    .isLast = index + 1 == compared().size()};
-    const FontRecordPointer first = faceOf(compared().front());
+    const FontRecordPointer first = m_workspace.comparedFace(compared().front());
     const std::optional<LineWidth> width = widthOf(content.face);
     const std::optional<LineWidth> firstWidth = widthOf(first);
     const auto ofEm = [](const std::optional<LineWidth> &line) {
@@ -206,10 +203,9 @@ void ComparisonView::measure()
         m_beingMeasured.clear();
     }
     for (const std::string &name : compared()) {
-        const FontFamilyPointer family = m_workspace.state().family(name);
-        if (family == nullptr)
+        const FontRecordPointer face = m_workspace.comparedFace(name);
+        if (face == nullptr)
             continue;
-        const FontRecordPointer face = family->representative();
         const FaceKey key = keyOf(*face);
         if (m_widths.contains(key) || !m_beingMeasured.insert(key).second)
             continue;

@@ -1,5 +1,6 @@
 #include "UI/Inspector/Inspector.h"
 
+#include "UI/Catalog/CatalogDetails.h"
 #include "UI/Inspector/FaceHeader.h"
 #include "UI/Inspector/PanelTabs.h"
 #include "UI/Inspector/SeveralFamilies.h"
@@ -48,6 +49,7 @@ Inspector::Inspector(Workspace &workspace, QWidget *parent)
     , m_pages(new QStackedWidget(this))
     , m_hint(new QLabel(this))
     , m_several(new SeveralFamilies(workspace, this))
+    , m_catalog(new CatalogDetails(workspace, this))
     , m_familyPage(makeFamilyPage())
 {
     setMinimumWidth(kLeastWidth);
@@ -56,7 +58,8 @@ Inspector::Inspector(Workspace &workspace, QWidget *parent)
     m_hint->setAlignment(Qt::AlignCenter);
     m_hint->setWordWrap(true);
     m_hint->setContentsMargins(kCardPadding, kCardPadding, kCardPadding, kCardPadding);
-    for (QWidget *page : {static_cast<QWidget *>(m_hint), static_cast<QWidget *>(m_several), m_familyPage})
+    for (QWidget *page : {static_cast<QWidget *>(m_hint), static_cast<QWidget *>(m_several),
+                          static_cast<QWidget *>(m_catalog), m_familyPage})
         m_pages->addWidget(page);
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -100,6 +103,8 @@ void Inspector::follow()
     m_observers.push_back(state.selectedFace.addNotifier(updateSoon));
     m_observers.push_back(m_workspace.selectedFamilies.addNotifier(updateSoon));
     m_observers.push_back(state.library.observe(updateSoon));
+    m_observers.push_back(state.sidebarSelection.addNotifier(updateSoon));
+    m_observers.push_back(state.viewMode.addNotifier(updateSoon));
     m_observers.push_back(state.favorites.observe(updateSoon));
     m_observers.push_back(state.activation().bindableActivePaths().addNotifier(updateSoon));
     connect(&state, &AppState::visibleFamiliesChanged, this, updateSoon); // folders too change what can be activated
@@ -108,6 +113,11 @@ void Inspector::follow()
 void Inspector::showSelection()
 {
     const AppState &state = m_workspace.state();
+    if (state.sidebarSelection.value().kind == SidebarSelection::Kind::googleFonts &&
+        state.viewMode.value() != ViewMode::compare) {
+        m_pages->setCurrentWidget(m_catalog);
+        return;
+    }
     if (m_workspace.selectedFamilies.value().size() > 1) {
         m_several->showSelection();
         m_pages->setCurrentWidget(m_several);

@@ -12,6 +12,7 @@ class QStackedWidget;
 
 namespace kerlune {
 
+class CatalogDetails;
 class FaceHeader;
 class FacePanel;
 class PanelTabs;
@@ -50,6 +51,7 @@ private:
     QStackedWidget *m_pages;
     QLabel *m_hint;
     SeveralFamilies *m_several;
+    CatalogDetails *m_catalog;
     FaceHeader *m_header = nullptr;
     PanelTabs *m_tabs = nullptr;
     QStackedWidget *m_panelStack = nullptr;

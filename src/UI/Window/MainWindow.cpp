@@ -131,6 +131,13 @@ void MainWindow::connectParts()
     connect(&m_workspace, &Workspace::addFolderWanted, this, &MainWindow::chooseFolder);
     connect(m_browser, &BrowserPane::contextMenuWanted, this,
             [this](const QPoint &position) { m_menus->fontMenu()->popup(position); });
+    // The catalogue has filters of its own.
+    const auto showFilterBar = [this] {
+        m_filterBar->setVisible(m_workspace.state().sidebarSelection.value().kind !=
+                                SidebarSelection::Kind::googleFonts);
+    };
+    m_observers.push_back(m_workspace.state().sidebarSelection.addNotifier(showFilterBar));
+    showFilterBar();
     m_observers.push_back(m_workspace.state().hasLoaded.observe([this] { checkSelection(); }));
     m_observers.push_back(m_workspace.state().library.observe([this] { takeLibrary(); }));
 
@@ -157,7 +164,7 @@ bool MainWindow::isPainted() const
 {
     const AppState &state = m_workspace.state();
     return state.hasLoaded() && !state.isIndexing() && m_pages->isSettled() &&
-           (!m_pages->isBrowserShown() || m_browser->isPainted()) && m_inspector->isSettled();
+           (!m_pages->isBrowserShown() || m_browser->isPainted()) && m_pages->isPainted() && m_inspector->isSettled();
 }
 
 void MainWindow::notePainted()

@@ -1,5 +1,6 @@
 #include "UI/Window/Pages.h"
 
+#include "UI/Catalog/CatalogPage.h"
 #include "UI/InterfaceText.h"
 #include "UI/Window/WelcomeBanner.h"
 
@@ -24,11 +25,13 @@ Pages::Pages(Workspace &workspace, QWidget *browser, QWidget *parent)
     , m_workspace(workspace)
     , m_stack(new QStackedWidget)
     , m_browser(browser)
+    , m_catalog(new CatalogPage(workspace))
     , m_message(new MessagePage(workspace.theme()))
     , m_blank(new QWidget)
     , m_welcome(new WelcomeBanner(workspace))
 {
     m_stack->addWidget(m_browser);
+    m_stack->addWidget(m_catalog);
     m_stack->addWidget(m_message);
     m_stack->addWidget(m_blank);
     auto *layout = new QVBoxLayout(this);
@@ -59,6 +62,11 @@ bool Pages::isBrowserShown() const
     return m_stack->currentWidget() == m_browser;
 }
 
+bool Pages::isPainted() const
+{
+    return m_stack->currentWidget() != m_catalog || m_catalog->isPainted();
+}
+
 bool Pages::isSettled() const
 {
     return !m_updating.isActive() && !m_isCounting;
@@ -82,8 +90,10 @@ Pages::Page Pages::wantedPage() const
     const Kind kind = state.sidebarSelection.value().kind;
     if (state.loadError())
         return Page::Failed;
-    if (kind == Kind::googleFonts || kind == Kind::adobeFonts)
+    if (kind == Kind::adobeFonts)
         return Page::NoCatalogue;
+    if (kind == Kind::googleFonts)
+        return state.viewMode.value() == ViewMode::compare ? Page::Browser : Page::Catalogue;
     if (state.families().empty())
         return state.hasLoaded() && !state.isIndexing() ? Page::NoFonts : Page::Loading;
     const bool showsComparison = state.effectiveViewMode() == ViewMode::compare && !state.comparisonSet.value().empty();
@@ -97,10 +107,13 @@ void Pages::update()
     ++m_countingRun;
     m_isCounting = false;
     m_page = wantedPage();
-    if (*m_page != Page::Browser)
+    if (*m_page != Page::Browser && *m_page != Page::Catalogue)
         m_message->setContent(contentOf(*m_page));
     const bool isPatient = *m_page == Page::Loading && m_patience.isActive();
-    m_stack->setCurrentWidget(*m_page == Page::Browser ? m_browser : isPatient ? m_blank : m_message);
+    m_stack->setCurrentWidget(*m_page == Page::Browser     ? m_browser
+                              : *m_page == Page::Catalogue ? m_catalog
+                              : isPatient                  ? m_blank
+                                                           : static_cast<QWidget *>(m_message));
     m_welcome->setWanted(*m_page == Page::Browser);
     updateProgress();
 }
@@ -143,6 +156,7 @@ MessagePage::Content Pages::contentOf(Page page)
                                "déjà sur cet ordinateur sont sous « Toutes »."),
                 .buttons = {
                     {uiText("Voir toutes les polices"), [&state] { state.sidebarSelection = SidebarSelection(); }}}};
+    case Page::Catalogue:
     case Page::Browser:
         break;
     }

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "UI/MessagePage.h"
 #include "UI/Window/FilterCriteria.h"
-#include "UI/Window/MessagePage.h"
 #include "UI/Workspace.h"
 
 #include <QCoroTask>
@@ -15,6 +15,7 @@ class QStackedWidget;
 
 namespace kerlune {
 
+class CatalogPage;
 class WelcomeBanner;
 
 // The browser, or a page in its place where it has nothing to show.
@@ -27,13 +28,14 @@ public:
     Pages(Workspace &workspace, QWidget *browser, QWidget *parent = nullptr);
 
     bool isBrowserShown() const;
+    bool isPainted() const; // of what is not the browser's
     bool isSettled() const; // nothing on the page is still to change by itself
 
 protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    enum class Page { Browser, Loading, Failed, NoFonts, NoResult, EmptySelection, NoCatalogue };
+    enum class Page { Browser, Loading, Failed, NoFonts, NoResult, EmptySelection, Catalogue, NoCatalogue };
 
     Page wantedPage() const;
     void updateSoon();
@@ -47,6 +49,7 @@ private:
     Workspace &m_workspace;
     QStackedWidget *m_stack;
     QWidget *m_browser;
+    CatalogPage *m_catalog;
     MessagePage *m_message;
     QWidget *m_blank; // while the library is read that fast that a page would only flicker
     WelcomeBanner *m_welcome;

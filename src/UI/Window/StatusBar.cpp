@@ -54,6 +54,8 @@ StatusBar::StatusBar(Workspace &workspace, QWidget *parent)
     AppState &state = m_workspace.state();
     connect(&state, &AppState::visibleFamiliesChanged, this, &StatusBar::refreshSoon);
     m_observers.push_back(m_workspace.selectedFamilies.addNotifier([this] { refreshSoon(); }));
+    m_observers.push_back(m_workspace.catalogCount.addNotifier([this] { refreshSoon(); }));
+    m_observers.push_back(state.googleCatalogLoading.observe([this] { refreshSoon(); }));
     const auto work = [this] { showWork(); };
     m_observers.push_back(state.indexMessage.observe(work));
     m_observers.push_back(state.indexProgress.observe(work));
@@ -73,9 +75,13 @@ void StatusBar::refreshSoon()
 void StatusBar::refresh()
 {
     const AppState &state = m_workspace.state();
-    const auto count = static_cast<std::int64_t>(state.visibleFamilies().size());
+    const bool isCatalog = state.sidebarSelection.value().kind == SidebarSelection::Kind::googleFonts;
+    const std::int64_t count =
+        isCatalog ? m_workspace.catalogCount.value() : static_cast<std::int64_t>(state.visibleFamilies().size());
     QStringList parts{uiCount("%1 famille", "%1 familles", count)};
-    if (state.filters.value().isActive())
+    if (isCatalog && state.googleCatalogLoading())
+        parts.push_back(uiText("lecture du catalogue…"));
+    else if (!isCatalog && state.filters.value().isActive())
         parts.push_back(shown(summary(state.filters.value())));
     if (const std::size_t selected = m_workspace.selectedFamilies.value().size(); selected > 1)
         parts.push_back(uiCount("%1 sélectionnée", "%1 sélectionnées", static_cast<std::int64_t>(selected)));

@@ -1,4 +1,4 @@
-#include "UI/Window/MessagePage.h"
+#include "UI/MessagePage.h"
 
 #include <QLabel>
 #include <QProgressBar>

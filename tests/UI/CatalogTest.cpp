@@ -1,0 +1,197 @@
+#include "Catalogs/GoogleFontsCatalog.h"
+#include "Catalogs/GoogleSubsets.h"
+#include "UI/Catalog/CatalogList.h"
+#include "UI/Catalog/CatalogPage.h"
+#include "UI/Catalog/CatalogQuery.h"
+#include "UI/Window/MainWindow.h"
+#include "WindowHome.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+
+#include <fstream>
+
+namespace kerlune {
+namespace {
+
+using testing::ElementsAre;
+using Kind = SidebarSelection::Kind;
+
+GoogleFontFamily made(const std::string &name, const std::string &category, std::int64_t popularity,
+                      const std::string &date, bool isVariable = false)
+{
+    return {.family = name,
+            .category = category,
+            .popularity = popularity,
+            .trending = 100 - popularity,
+            .dateAdded = date,
+            .designers = {"Zoé Müller"},
+            .variants = {"400", "700"},
+            .isVariable = isVariable};
+}
+
+const GoogleFamilies kCatalog{made("Deux", "Serif", 2, "2020-01-01"), made("Un", "Sans Serif", 1, "2019-01-01", true),
+                              made("Trois", "Serif", 3, "2024-01-01", true), made("Été", "Serif", 3, "2021-05-05")};
+
+std::vector<std::string> namesOf(const GoogleFamilies &families)
+{
+    std::vector<std::string> names;
+    for (const GoogleFontFamily &family : families)
+        names.push_back(family.family);
+    return names;
+}
+
+TEST(CatalogQuery, NarrowsAndOrders)
+{
+    const auto names = [](const CatalogQuery &query) { return namesOf(listed(kCatalog, {"Deux"}, query)); };
+    EXPECT_THAT(names({}), ElementsAre("Un", "Deux", "Été", "Trois")); // the same rank: by name
+    EXPECT_THAT(names({.order = CatalogOrder::trending}), ElementsAre("Été", "Trois", "Deux", "Un"));
+    EXPECT_THAT(names({.order = CatalogOrder::newest}), ElementsAre("Trois", "Été", "Deux", "Un"));
+    EXPECT_THAT(names({.order = CatalogOrder::name}), ElementsAre("Deux", "Été", "Trois", "Un"));
+    EXPECT_THAT(names({.search = " ETE "}), ElementsAre("Été"));
+    EXPECT_THAT(names({.search = "muller", .onlyInstalled = true}), ElementsAre("Deux"));
+    EXPECT_THAT(names({.category = "Serif", .onlyVariable = true}), ElementsAre("Trois"));
+    EXPECT_THAT(categoriesOf(kCatalog), ElementsAre("Serif", "Sans Serif"));
+}
+
+// The service answers to nobody here: what is listed comes from the copy on disk, and previews from the subsets.
+class CatalogTest : public WindowHome {
+protected:
+    CatalogTest()
+    {
+        setenv("KERLUNE_GOOGLE_METADATA_URL", "https://127.0.0.1:9/metadata/fonts", 1);
+        setenv("KERLUNE_GOOGLE_CSS_URL", "https://127.0.0.1:9/css2", 1);
+    }
+    ~CatalogTest() override
+    {
+        unsetenv("KERLUNE_GOOGLE_METADATA_URL");
+        unsetenv("KERLUNE_GOOGLE_CSS_URL");
+    }
+
+    void putCatalog() const
+    {
+        nlohmann::json families = nlohmann::json::array();
+        for (const GoogleFontFamily &family : kCatalog)
+            families.push_back(encodeFamily(family));
+        const auto file = GoogleFontsCatalog::cacheFile(m_directories);
+        std::filesystem::create_directories(file.parent_path());
+        std::ofstream(file) << families;
+    }
+
+    void putPreview(const std::string &family) const
+    {
+        const auto file = GoogleSubsets::cacheFile(GoogleSubsets::cacheDirectory(m_directories), family);
+        put(std::filesystem::relative(file, m_home.path()));
+    }
+
+    std::unique_ptr<MainWindow> open()
+    {
+        m_program = openLoaded();
+        auto window = std::make_unique<MainWindow>(m_program->workspace);
+        window->present();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get(), 60'000));
+        state().sidebarSelection = SidebarSelection{.kind = Kind::googleFonts};
+        EXPECT_TRUE(waitFor([&] { return window->isPainted(); }));
+        return window;
+    }
+
+    AppState &state() const { return m_program->state; }
+
+    template <typename Widget>
+    static Widget &find(const QWidget &window, const char *name)
+    {
+        auto *const found = window.findChild<Widget *>(QLatin1String(name));
+        if (found == nullptr)
+            throw std::runtime_error(name);
+        return *found;
+    }
+
+    static QStringList listedNames(const QWidget &window)
+    {
+        const auto &list = find<QListView>(window, "catalogList");
+        QStringList names;
+        for (int row = 0; row < list.model()->rowCount(); ++row)
+            names.push_back(list.model()->index(row, 0).data().toString());
+        return names;
+    }
+
+    std::unique_ptr<Program> m_program;
+};
+
+TEST_F(CatalogTest, ListsWhatTheFiltersLeave)
+{
+    putCatalog();
+    putPreview("Un");
+    const auto window = open();
+    EXPECT_EQ(listedNames(*window), (QStringList{"Un", "Deux", "Été", "Trois"}));
+    EXPECT_FALSE(find<QWidget>(*window, "filterBar").isVisible());
+    EXPECT_TRUE(waitFor([&] { return state().googlePreviews().hasFailed("Deux"); }));
+    EXPECT_NE(state().googlePreviews().descriptor("Un"), nullptr);
+
+    find<QComboBox>(*window, "catalogCategories").setCurrentIndex(1);
+    find<QCheckBox>(*window, "catalogVariable").click();
+    EXPECT_TRUE(waitFor([&] { return listedNames(*window) == QStringList{"Trois"}; }));
+    state().filters = Filters{.search = "rien de tel"};
+    EXPECT_TRUE(waitFor([&] { return listedNames(*window).isEmpty(); }));
+    QPushButton *clear = nullptr;
+    EXPECT_TRUE(waitFor([&] {
+        for (QPushButton *button : window->findChildren<QPushButton *>()) {
+            if (button->isVisible() && button->text() == QStringLiteral("Tout effacer"))
+                clear = button;
+        }
+        return clear != nullptr;
+    }));
+    QTest::mouseClick(clear, Qt::LeftButton);
+    EXPECT_TRUE(waitFor([&] { return listedNames(*window).size() == 4; }));
+}
+
+TEST_F(CatalogTest, SaysWhatFailedAndKeepsWhatIsThere)
+{
+    putCatalog();
+    const auto window = open();
+    find<QListView>(*window, "catalogList")
+        .setCurrentIndex(find<QListView>(*window, "catalogList").model()->index(1, 0));
+    EXPECT_EQ(state().googleSelectedFamily.value(), "Deux");
+    EXPECT_TRUE(waitFor([&] { return find<QLabel>(*window, "catalogName").isVisible(); }));
+    QTest::mouseClick(&find<QPushButton>(*window, "catalogInstall"), Qt::LeftButton);
+    EXPECT_TRUE(waitFor([&] { return find<QLabel>(*window, "catalogError").isVisible(); }));
+    EXPECT_FALSE(find<QLabel>(*window, "catalogError").text().isEmpty());
+    EXPECT_TRUE(find<QPushButton>(*window, "catalogInstall").isEnabled()); // and again
+
+    EXPECT_FALSE(find<QPushButton>(*window, "catalogRetry").isVisible());
+    QTest::mouseClick(&find<QWidget>(*window, "catalogRefresh"), Qt::LeftButton);
+    EXPECT_TRUE(waitFor([&] { return find<QPushButton>(*window, "catalogRetry").isVisible(); }));
+    EXPECT_EQ(listedNames(*window).size(), 4);
+}
+
+TEST_F(CatalogTest, OffersToTryAgainWhereThereIsNoList)
+{
+    const auto window = open();
+    EXPECT_TRUE(state().googleCatalogError());
+    const auto labels = window->findChildren<QLabel *>();
+    EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [](const QLabel *label) {
+        return label->isVisible() && label->text() == QStringLiteral("Catalogue indisponible");
+    }));
+}
+
+TEST_F(CatalogTest, ComparesWithTheUsersOwn)
+{
+    putCatalog();
+    putPreview("Un");
+    put("data/fonts/plain.ttf");
+    const auto window = open();
+    const std::string own = state().families().front()->name;
+    state().googleSelectedFamily = "Un";
+    EXPECT_TRUE(waitFor([&] { return find<QPushButton>(*window, "catalogCompare").isVisible(); }));
+    m_program->workspace.addToComparison({own});
+    QTest::mouseClick(&find<QPushButton>(*window, "catalogCompare"), Qt::LeftButton);
+    EXPECT_THAT(state().comparisonSet.value(), ElementsAre(own, "Un"));
+    EXPECT_TRUE(waitFor([&] { return m_program->workspace.comparedFace("Un") != nullptr; }));
+    state().viewMode = ViewMode::compare;
+    EXPECT_TRUE(waitFor([&] { return window->isPainted(); }));
+}
+
+} // namespace
+} // namespace kerlune
