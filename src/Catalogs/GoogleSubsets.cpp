@@ -26,7 +26,7 @@ constexpr std::int64_t kMostStyleSheetBytes = 1 << 20;
 constexpr std::int64_t kMostSubsetBytes = 8 << 20; // some 40 KB is usual
 constexpr int kOk = 200;
 
-std::string_view view(const QByteArray &bytes)
+std::string_view viewOf(const QByteArray &bytes)
 {
     return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
 }
@@ -54,7 +54,7 @@ struct KeptSubset {
 
 KeptSubset writeSubset(const fs::path &file, const QByteArray &bytes)
 {
-    if (!writeFileAtomically(file, view(bytes)))
+    if (!writeFileAtomically(file, viewOf(bytes)))
         return {};
     return {true, checkedFont(file)};
 }
@@ -135,9 +135,9 @@ QCoro::Task<QByteArray> GoogleSubsets::download(QUrl styleSheet)
     const QPointer<GoogleSubsets> self(this);
     const auto asking = m_client.get(styleSheet, {.mostBytes = kMostStyleSheetBytes, .silence = m_silence});
     const HttpsClient::Result answer = co_await asking;
-    if (!self || !answer || !isValidUtf8(view(answer->body)))
+    if (!self || !answer || !isValidUtf8(viewOf(answer->body)))
         co_return QByteArray();
-    const auto address = firstFontAddress(view(answer->body)); // whatever the status says
+    const auto address = firstFontAddress(viewOf(answer->body)); // whatever the status says
     if (!address)
         co_return QByteArray();
     const auto fetching = m_client.get(*address, {.mostBytes = kMostSubsetBytes, .silence = m_silence});

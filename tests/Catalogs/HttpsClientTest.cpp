@@ -10,7 +10,7 @@ namespace kerlune {
 namespace {
 
 using namespace std::chrono_literals;
-using Case = HttpsClient::Error::Case;
+using HttpCase = HttpsClient::Error::Case;
 
 constexpr HttpsClient::Limits kLimits{.mostBytes = 1 << 20, .silence = 10s, .whole = 10s};
 
@@ -66,8 +66,10 @@ TEST_F(HttpsClientTest, GivesWholeAnswersOfAnyStatusAndNothingElse)
     }
     EXPECT_EQ(m_server.requestsFor("/font/round"), 1U + HttpsClient::kMostRedirects);
 
-    const std::vector<std::pair<const char *, Case>> errors{
-        {"cut", Case::noAnswer}, {"close", Case::noAnswer}, {"endless", Case::tooLarge}, {"stall", Case::timedOut}};
+    const std::vector<std::pair<const char *, HttpCase>> errors{{"cut", HttpCase::noAnswer},
+                                                                {"close", HttpCase::noAnswer},
+                                                                {"endless", HttpCase::tooLarge},
+                                                                {"stall", HttpCase::timedOut}};
     for (const auto &[path, kind] : errors) {
         const auto result = wait(ask(std::string("/font/") + path, {.mostBytes = 1 << 20, .silence = 300ms}));
         ASSERT_FALSE(result) << path;
@@ -77,7 +79,7 @@ TEST_F(HttpsClientTest, GivesWholeAnswersOfAnyStatusAndNothingElse)
     // Bytes that keep coming do not keep it up for ever.
     const auto late = wait(ask("/font/endless", {.mostBytes = 1LL << 60, .silence = 10s, .whole = 300ms}));
     ASSERT_FALSE(late);
-    EXPECT_EQ(late.error().kind, Case::timedOut);
+    EXPECT_EQ(late.error().kind, HttpCase::timedOut);
 }
 
 TEST_F(HttpsClientTest, AsksOnlyServersThatItCanTrust)
@@ -85,12 +87,12 @@ TEST_F(HttpsClientTest, AsksOnlyServersThatItCanTrust)
     for (const char *url : {"http://127.0.0.1/x", "file:///etc/passwd", "", "https:///x", "ftp://127.0.0.1/x"}) {
         const auto result = wait(m_client->get(QUrl(QString::fromLatin1(url)), kLimits));
         ASSERT_FALSE(result) << url;
-        EXPECT_EQ(result.error().kind, Case::notHttps) << url;
+        EXPECT_EQ(result.error().kind, HttpCase::notHttps) << url;
     }
     unsetenv("SSL_CERT_FILE"); // nobody else knows the authority
     const auto unknown = wait(ask("/font/x"));
     ASSERT_FALSE(unknown);
-    EXPECT_EQ(unknown.error().kind, Case::noAnswer);
+    EXPECT_EQ(unknown.error().kind, HttpCase::noAnswer);
 
     setenv("SSL_CERT_FILE", m_server.authority().c_str(), 1);
     m_client = std::make_unique<HttpsClient>();
@@ -133,7 +135,7 @@ TEST_F(HttpsClientTest, EndsWithAResultWhenItGoes)
     m_client.reset();
     for (const auto &future : all) {
         ASSERT_TRUE(future.isFinished());
-        EXPECT_EQ(future.result().error().kind, Case::cancelled);
+        EXPECT_EQ(future.result().error().kind, HttpCase::cancelled);
     }
 }
 
