@@ -54,7 +54,7 @@ CatalogBar::CatalogBar(Workspace &workspace, QWidget *parent)
     m_categories->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     m_order->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(kCardGap, 0, kCardGap, kGridStep);
+    layout->setContentsMargins(kCardPadding, kGridStep, kCardPadding, 4);
     layout->setSpacing(kCardGap);
     layout->addWidget(m_categories);
     layout->addWidget(m_order);

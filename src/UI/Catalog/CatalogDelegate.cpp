@@ -123,11 +123,15 @@ void CatalogDelegate::paintPreview(QPainter &painter, const QRect &cell, int row
     if (preview != nullptr) {
         PreviewPainting::paint(painter, area, wanted, *preview, m_workspace.theme());
     } else if (m_workspace.state().googlePreviews().hasFailed(m_model.family(row).family)) {
+        const QPixmap mark = m_workspace.theme().iconPixmap("warning", kCatalogSignIcon, colors.secondaryText,
+                                                            painter.device()->devicePixelRatioF());
+        painter.drawPixmap(area.left(), area.center().y() + 1 - kCatalogSignIcon / 2, mark);
+        const QRect name = area.adjusted(kCatalogSignIcon + kGridStep, 0, 0, 0);
         painter.setFont(Theme::font(TextSize::large));
         painter.setPen(colors.secondaryText);
         painter.drawText(
-            area, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-            painter.fontMetrics().elidedText(shown(m_model.family(row).shownName()), Qt::ElideMiddle, area.width()));
+            name, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+            painter.fontMetrics().elidedText(shown(m_model.family(row).shownName()), Qt::ElideMiddle, name.width()));
     } else {
         const double height = std::clamp(area.height() / 6.0, 4.0, 10.0);
         painter.setPen(Qt::NoPen);

@@ -62,6 +62,8 @@ void CatalogList::setForm(CatalogDelegate::Form form)
 void CatalogList::layOut()
 {
     const bool isGrid = m_delegate->form() == CatalogDelegate::Form::Card;
+    const int side = isGrid ? kCardPadding - kCardGap / 2 : 0; // each card has half a gap around it
+    setViewportMargins(side, 0, 0, 0);
     const int room = viewport()->width() - 1; // a grid as wide as the room would leave the last column out
     const int columns = isGrid ? std::max(1, room / kLeastCardWidth) : 1;
     setViewMode(isGrid ? QListView::IconMode : QListView::ListMode);
