@@ -42,7 +42,7 @@ std::string tagLine(const AppState &state, const std::string &tag)
     return displayText(tag) + " — " + localizedCount("%1 famille", "%1 familles", count);
 }
 
-void printList(const AppState &state, OutputFormat format)
+void printTags(const AppState &state, OutputFormat format)
 {
     if (format == OutputFormat::Json) {
         printJsonLines(state.allTags(), [&](const auto &tag) {
@@ -81,7 +81,7 @@ int remove(StateSession &session, const std::string &tag, const Words &names)
     return kDone;
 }
 
-int rename(StateSession &session, const std::string &tag, const std::string &newName)
+int renameTag(StateSession &session, const std::string &tag, const std::string &newName)
 {
     const std::string name = trimmed(newName);
     if (name.empty())
@@ -121,11 +121,11 @@ int runTagsCommand(const CommandContext &context, const Words &words, OutputForm
     else if (action == "remove")
         status = remove(*session, arguments.front(), {arguments.begin() + 1, arguments.end()});
     else if (action == "rename")
-        status = rename(*session, arguments[0], arguments[1]);
+        status = renameTag(*session, arguments[0], arguments[1]);
     else if (action == "delete")
         status = deleteTag(*session, arguments.front());
     if (status == kDone && (action == "list" || format == OutputFormat::Json))
-        printList(session->state(), format);
+        printTags(session->state(), format);
     return status;
 }
 

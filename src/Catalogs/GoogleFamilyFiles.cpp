@@ -123,8 +123,8 @@ std::string licenceTextOf(const FontFace &face)
 // Puts a family together in a folder of its own, from fonts that are all there.
 class Assembly final {
 public:
-    Assembly(const fs::path &root, const fs::path &staging)
-        : m_staging(staging)
+    Assembly(const fs::path &root, fs::path staging)
+        : m_staging(std::move(staging))
         , m_folder(root / (".new-" + newUuid()))
     {
         fs::create_directories(m_folder, m_error);

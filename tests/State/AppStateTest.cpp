@@ -320,8 +320,9 @@ TEST_F(AppStateTest, AsksFontsForTheirCharactersWithoutBlocking)
     const auto isRead = [&] { return !state.isReadingGlyphs(); };
 
     state.filters = Filters{.requiredGlyphs = "\U0001F600"};
-    if (state.isReadingGlyphs())                    // else the other thread was done with these two at once
-        EXPECT_EQ(state.visibleFamilies(), all);    // what was there stands until then
+    if (state.isReadingGlyphs()) {               // else the other thread was done with these two at once
+        EXPECT_EQ(state.visibleFamilies(), all); // what was there stands until then
+    }
     state.filters = Filters{.requiredGlyphs = "H"}; // while it is read
     ASSERT_TRUE(waitUntil(isRead));
     EXPECT_EQ(state.visibleFamilies(), state.computeVisibleFamilies());

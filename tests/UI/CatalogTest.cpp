@@ -74,7 +74,7 @@ protected:
     {
         nlohmann::json families = nlohmann::json::array();
         for (const GoogleFontFamily &family : kCatalog)
-            families.push_back(encodeFamily(family));
+            families.push_back(encodeGoogleFamily(family));
         const auto file = GoogleFontsCatalog::cacheFile(m_directories);
         std::filesystem::create_directories(file.parent_path());
         std::ofstream(file) << families;
@@ -125,14 +125,15 @@ TEST_F(CatalogTest, ListsWhatTheFiltersLeave)
     putCatalog();
     putPreview("Un");
     const auto window = open();
-    EXPECT_EQ(listedNames(*window), (QStringList{"Un", "Deux", "Été", "Trois"}));
+    EXPECT_EQ(listedNames(*window), (QStringList{QStringLiteral("Un"), QStringLiteral("Deux"), QStringLiteral("Été"),
+                                                 QStringLiteral("Trois")}));
     EXPECT_FALSE(find<QWidget>(*window, "filterBar").isVisible());
     EXPECT_TRUE(waitFor([&] { return state().googlePreviews().hasFailed("Deux"); }));
     EXPECT_NE(state().googlePreviews().descriptor("Un"), nullptr);
 
     find<QComboBox>(*window, "catalogCategories").setCurrentIndex(1);
     find<QCheckBox>(*window, "catalogVariable").click();
-    EXPECT_TRUE(waitFor([&] { return listedNames(*window) == QStringList{"Trois"}; }));
+    EXPECT_TRUE(waitFor([&] { return listedNames(*window) == QStringList{QStringLiteral("Trois")}; }));
     state().filters = Filters{.search = "rien de tel"};
     EXPECT_TRUE(waitFor([&] { return listedNames(*window).isEmpty(); }));
     QPushButton *clear = nullptr;

@@ -13,7 +13,7 @@ namespace kerlune {
 namespace {
 
 constexpr int kHeight = 28;
-constexpr int kPadding = 10;
+constexpr int kChipPadding = 10;
 constexpr int kMarkSize = 12; // chevron or ×
 constexpr int kMostTextWidth = 180;
 
@@ -60,7 +60,7 @@ QSize FilterChip::sizeHint() const
 {
     const int mark = m_isSet || !isSwitch(m_kind) ? kMarkSize + 6 : 0;
     const int width = std::min(fontMetrics().horizontalAdvance(text()), kMostTextWidth);
-    return {kPadding + width + mark + kPadding, kHeight};
+    return {kChipPadding + width + mark + kChipPadding, kHeight};
 }
 
 void FilterChip::resizeEvent(QResizeEvent *)
@@ -80,12 +80,13 @@ void FilterChip::paintEvent(QPaintEvent *)
     painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), kControlRadius, kControlRadius);
 
     const bool hasMark = m_isSet || !isSwitch(m_kind);
-    const QRect place = rect().adjusted(kPadding, 0, hasMark ? -(kPadding + kMarkSize + 4) : -kPadding + 2, 0);
+    const QRect place =
+        rect().adjusted(kChipPadding, 0, hasMark ? -(kChipPadding + kMarkSize + 4) : -kChipPadding + 2, 0);
     painter.setPen(colors.text);
     painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter,
                      fontMetrics().elidedText(text(), Qt::ElideRight, place.width()));
     if (!m_isSet && hasMark) {
-        painter.drawPixmap(width() - kPadding - kMarkSize + 1, (height() - kMarkSize) / 2 + 1,
+        painter.drawPixmap(width() - kChipPadding - kMarkSize + 1, (height() - kMarkSize) / 2 + 1,
                            m_theme.iconPixmap("chevron-down", kMarkSize, colors.secondaryText, devicePixelRatioF()));
     }
 }

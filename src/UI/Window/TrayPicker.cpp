@@ -22,7 +22,7 @@ namespace kerlune {
 
 namespace {
 
-constexpr QSize kSize{320, 420};
+constexpr QSize kPickerSize{320, 420};
 constexpr std::size_t kMostRows = 20; // of each section
 constexpr int kRowHeight = 36;
 constexpr double kRowSize = 18; // pixels
@@ -43,7 +43,7 @@ TrayPicker::TrayPicker(Workspace &workspace, QWidget *parent)
 {
     setObjectName(QStringLiteral("trayPicker"));
     setProperty("floating", true);
-    resize(kSize);
+    resize(kPickerSize);
     m_search->setObjectName(QStringLiteral("traySearch"));
     m_search->installEventFilter(this);
     m_list->setObjectName(QStringLiteral("trayList"));
