@@ -21,6 +21,7 @@
 #include <numeric>
 #include <set>
 #include <system_error>
+#include <utility>
 
 // A future is always named before it is awaited; see docs/decisions/0003-futures-are-named.md.
 

@@ -85,7 +85,8 @@ TEST_F(MainWindowTest, OffersToLiftTheFilterThatLeavesNothing)
     state.filters =
         Filters{.search = "rien de tel", .classes = {state.families().front()->representative()->classification}};
     ASSERT_TRUE(waitFor([&] { return buttonWith(opened->window, QStringLiteral("rien de tel")) != nullptr; }));
-    EXPECT_EQ(textOf(opened->window, "messageTitle"), "Aucune police ne correspond");
+    const auto &page = *opened->window.findChild<QWidget *>(QStringLiteral("messagePage"));
+    EXPECT_EQ(textOf(page, "messageTitle"), "Aucune police ne correspond");
     // The number of families that come back is counted afterwards.
     ASSERT_TRUE(waitFor([&] {
         const QPushButton *lift = buttonWith(opened->window, QStringLiteral("rien de tel"));
@@ -94,8 +95,7 @@ TEST_F(MainWindowTest, OffersToLiftTheFilterThatLeavesNothing)
     QTest::mouseClick(buttonWith(opened->window, QStringLiteral("rien de tel")), Qt::LeftButton);
     EXPECT_EQ(state.filters.value().search, "");
     EXPECT_THAT(state.filters.value().classes, SizeIs(1));
-    ASSERT_TRUE(
-        waitFor([&] { return !opened->window.findChild<QWidget *>(QStringLiteral("messagePage"))->isVisible(); }));
+    ASSERT_TRUE(waitFor([&] { return !page.isVisible(); }));
 }
 
 TEST_F(MainWindowTest, NamesEachCriterionAndLiftsItAlone)

@@ -28,6 +28,7 @@ CatalogPage::CatalogPage(Workspace &workspace, QWidget *parent)
     , m_list(new CatalogList(workspace, *m_model))
     , m_message(new MessagePage(workspace.theme()))
 {
+    m_message->setObjectName(QStringLiteral("catalogMessage"));
     m_stack->addWidget(m_list);
     m_stack->addWidget(m_message);
     auto *layout = new QVBoxLayout(this);
