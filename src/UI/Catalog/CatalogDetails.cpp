@@ -41,7 +41,7 @@ QString rankText(std::int64_t rank)
 QString dateText(const std::string &date)
 {
     const QDate day = QDate::fromString(QString::fromStdString(date), Qt::ISODate);
-    return day.isValid() ? QLocale().toString(day, QLocale::LongFormat) : QString();
+    return day.isValid() ? QLocale().toString(day, QStringLiteral("d MMMM yyyy")) : QString();
 }
 
 } // namespace
