@@ -162,8 +162,8 @@ void CatalogDelegate::paintNames(QPainter &painter, const QRect &cell, int row) 
     const QFontMetrics metrics = painter.fontMetrics();
     const QString badge = uiText("VAR");
     const int x = lower.left() + metrics.horizontalAdvance(details) + 6;
-    const QRectF frame(x + 0.5, lower.top() + (lower.height() - metrics.height()) / 2 + 0.5,
-                       metrics.horizontalAdvance(badge) + 8, metrics.height() - 1);
+    const int top = lower.top() + (lower.height() - metrics.height()) / 2;
+    const QRectF frame(x + 0.5, top + 0.5, metrics.horizontalAdvance(badge) + 8, metrics.height() - 1);
     if (frame.right() > lower.right())
         return;
     painter.setBrush(Qt::NoBrush);
