@@ -17,7 +17,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
-using Case = GoogleFontsCatalog::CatalogError::Case;
+using FilesCase = GoogleFontsCatalog::CatalogError::Case;
 
 class GoogleFamilyFilesTest : public testing::Test {
 protected:
@@ -107,10 +107,10 @@ TEST_F(GoogleFamilyFilesTest, InstallsAllOfAFamilyOrNothingAndFetchesNothingTwic
         std::string description;
     };
     const std::vector<Step> steps{
-        {{{"status", 503}}, Case::badResponse, "Google Fonts a répondu par une erreur (503)."},
-        {{{"body", "<html>"}}, Case::invalidFont, "Le fichier « A-8.ttf » n'est pas une police valide."},
-        {{{"cut", 500}}, Case::other, "Aucune police n'a pu être téléchargée. Vérifiez votre connexion."},
-        {{{"stall", 5}}, Case::other, "Aucune police n'a pu être téléchargée. Vérifiez votre connexion."},
+        {{{"status", 503}}, FilesCase::badResponse, "Google Fonts a répondu par une erreur (503)."},
+        {{{"body", "<html>"}}, FilesCase::invalidFont, "Le fichier « A-8.ttf » n'est pas une police valide."},
+        {{{"cut", 500}}, FilesCase::other, "Aucune police n'a pu être téléchargée. Vérifiez votre connexion."},
+        {{{"stall", 5}}, FilesCase::other, "Aucune police n'a pu être téléchargée. Vérifiez votre connexion."},
     };
     for (const auto &[answer, kind, description] : steps) {
         m_server.setPlan({{"list", list}, {"font", {{"a8", answer}}}});
