@@ -103,7 +103,7 @@ TEST_F(GoogleFamilyFilesTest, InstallsAllOfAFamilyOrNothingAndFetchesNothingTwic
     const json list{{"A", listOf(fonts)}};
     struct Step {
         json answer; // for the last font
-        Case kind;
+        FilesCase kind;
         std::string description;
     };
     const std::vector<Step> steps{
