@@ -11,7 +11,11 @@
 
 namespace kerlune {
 
+namespace {
+
 using Kind = SidebarSelection::Kind;
+
+} // namespace
 
 SidebarModel::SidebarModel(Workspace &workspace, QObject *parent)
     : QAbstractItemModel(parent)
