@@ -14,9 +14,9 @@
 
 namespace kerlune {
 
-using Kind = SidebarSelection::Kind;
-
 namespace {
+
+using Kind = SidebarSelection::Kind;
 
 constexpr int kScrollMargin = 32; // at each end
 constexpr std::chrono::milliseconds kScrollInterval{30};
