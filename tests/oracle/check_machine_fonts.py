@@ -12,7 +12,7 @@ import sys
 import tempfile
 from pathlib import Path
 
-ROW = re.compile(r'^    \{"(\w+)", "[^"]+", U"([^"]+)", "\w+"\},$', re.MULTILINE)
+ROW = re.compile(r'^    \{"(\w+)", marked\("[^"]+"\), U"([^"]+)", marked\("\w+"\)\},$', re.MULTILINE)
 
 
 def coverage_table(source: Path) -> list[dict[str, str]]:
