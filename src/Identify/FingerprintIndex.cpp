@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <optional>
 #include <string_view>
@@ -36,10 +37,10 @@ std::shared_ptr<FingerprintMatrix> storedVectors(FontIndexStore &store)
     return isComplete ? vectors : std::make_shared<FingerprintMatrix>();
 }
 
-// The candidates that are compared with the reference.
+// Which faces are compared with the reference.
 class Choice final {
 public:
-    Choice(const FontRecord *reference, bool latinFocusOnly)
+    Choice(const ComparableFaces::Face *reference, bool latinFocusOnly)
         : m_reference(reference)
         , m_excludedScripts(latinFocusOnly && (reference == nullptr ||
                                                (reference->scriptMask & FingerprintIndex::nonLatinMask()) == 0)
@@ -48,17 +49,48 @@ public:
         , m_isMonospace(reference != nullptr && reference->isMonospace)
     {}
 
-    bool takes(const FontRecord &candidate) const
+    bool takes(const ComparableFaces::Face &face) const
     {
-        return candidate.isMonospace == m_isMonospace && (candidate.scriptMask & m_excludedScripts) == 0 &&
-               (m_reference == nullptr || candidate.family != m_reference->family);
+        return face.isMonospace == m_isMonospace && (face.scriptMask & m_excludedScripts) == 0 &&
+               (m_reference == nullptr || face.family != m_reference->family);
     }
 
 private:
-    const FontRecord *m_reference;
+    const ComparableFaces::Face *m_reference;
     std::uint64_t m_excludedScripts;
     bool m_isMonospace;
 };
+
+constexpr float kPassedOver = -std::numeric_limits<float>::infinity();
+
+struct ScoredFace {
+    float score = kPassedOver;
+    std::uint32_t record = 0;
+};
+
+// The best face of each family, of equal ones the first.
+std::vector<ScoredFace> bestOfFamilies(const ComparableFaces &faces, const Choice &choice,
+                                       std::span<const float> reference)
+{
+    const auto &all = faces.faces();
+    std::vector<float> scores(all.size(), kPassedOver);
+    parallelForRanges(all.size(), [&](std::size_t first, std::size_t last) {
+        for (std::size_t i = first; i != last; ++i) {
+            if (!choice.takes(all[i]))
+                continue;
+            const float score = FingerprintMatrix::score(reference, all[i].vector);
+            scores[i] = std::isfinite(score) ? score : 0; // whatever the database holds
+        }
+    });
+    std::vector<ScoredFace> best(faces.familyCount());
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        ScoredFace &kept = best[all[i].family];
+        if (scores[i] > kept.score || (scores[i] == kept.score && all[i].record < kept.record))
+            kept = {scores[i], all[i].record};
+    }
+    std::erase_if(best, [](const ScoredFace &face) { return face.score == kPassedOver; });
+    return best;
+}
 
 } // namespace
 
@@ -102,6 +134,7 @@ QCoro::Task<> FingerprintIndex::load()
         co_return;
     m_reading.reset();
     m_vectors = stored;
+    m_comparable.reset();
     m_isLoaded = true;
     if (m_unsaved != nullptr)
         add(*m_unsaved);
@@ -122,6 +155,7 @@ QCoro::Task<> FingerprintIndex::build(Records records)
     if (isBuilding() || m_store == nullptr)
         co_return;
     const QPointer<FingerprintIndex> self(this);
+    m_comparable.reset(); // the library has changed: what it was need not stay in memory
     m_isBuilding = true;
     m_progress = 0;
     if (!m_isLoaded && !m_names)
@@ -173,6 +207,7 @@ QCoro::Task<> FingerprintIndex::compute(Records records)
 
 void FingerprintIndex::add(const Vectors &computed)
 {
+    m_comparable.reset();
     if (m_isLoaded)
         m_vectors->reserve(m_vectors->count() + computed.size());
     for (const auto &[name, vector] : computed) {
@@ -190,38 +225,20 @@ std::vector<FingerprintIndex::Similar> FingerprintIndex::similar(const std::stri
     const auto reference = m_vectors->find(postScriptName);
     if (!reference)
         return {};
-    const auto record = std::find_if(candidates.begin(), candidates.end(), [&](const FontRecordPointer &candidate) {
-        return candidate->postScriptName == postScriptName;
-    });
-    const Choice choice(record == candidates.end() ? nullptr : record->get(), latinFocusOnly);
-
-    constexpr float kPassedOver = -std::numeric_limits<float>::infinity();
-    std::vector<float> scores(candidates.size(), kPassedOver);
-    parallelForRanges(candidates.size(), [&](std::size_t first, std::size_t last) {
-        for (std::size_t i = first; i != last; ++i) {
-            const FontRecord &candidate = *candidates[i];
-            const auto vector = choice.takes(candidate) ? m_vectors->find(candidate.postScriptName) : std::nullopt;
-            if (!vector)
-                continue;
-            const float score = FingerprintMatrix::score(*reference, *vector);
-            scores[i] = std::isfinite(score) ? score : 0; // whatever the database holds
-        }
+    if (!m_comparable || !m_comparable->holds(candidates))
+        m_comparable.emplace(candidates, *m_vectors);
+    const Choice choice(m_comparable->find(postScriptName, *reference), latinFocusOnly);
+    std::vector<ScoredFace> best = bestOfFamilies(*m_comparable, choice, *reference);
+    const auto shown = best.begin() + static_cast<std::ptrdiff_t>(std::min(best.size(), limit));
+    std::partial_sort(best.begin(), shown, best.end(), [](const ScoredFace &a, const ScoredFace &b) {
+        return a.score != b.score ? a.score > b.score : a.record < b.record;
     });
 
-    std::vector<Similar> kept;
-    std::unordered_map<std::string_view, std::size_t> positions; // in `kept`, by family
-    for (std::size_t i = 0; i < candidates.size(); ++i) {
-        if (scores[i] == kPassedOver)
-            continue;
-        const auto [position, isNew] = positions.try_emplace(candidates[i]->family, kept.size());
-        if (isNew)
-            kept.push_back({candidates[i], scores[i]});
-        else if (scores[i] > kept[position->second].score)
-            kept[position->second] = {candidates[i], scores[i]};
-    }
-    std::stable_sort(kept.begin(), kept.end(), [](const Similar &a, const Similar &b) { return a.score > b.score; });
-    kept.resize(std::min(kept.size(), limit));
-    return kept;
+    std::vector<Similar> result;
+    std::transform(best.begin(), shown, std::back_inserter(result), [&](const ScoredFace &face) {
+        return Similar{candidates[face.record], face.score};
+    });
+    return result;
 }
 
 } // namespace kerlune

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Identify/ComparableFaces.h"
 #include "Identify/FingerprintMatrix.h"
 #include "Store/FontIndexStore.h"
 
@@ -77,6 +78,7 @@ private:
     std::shared_ptr<FontIndexStore> m_store;
     std::shared_ptr<FingerprintMatrix> m_vectors = std::make_shared<FingerprintMatrix>();
     std::optional<QFuture<std::shared_ptr<FingerprintMatrix>>> m_reading; // of the stored ones, while it runs
+    mutable std::optional<ComparableFaces> m_comparable;                  // of the candidates that were asked for last
     bool m_isLoaded = false;
     std::optional<std::unordered_set<std::string>> m_names; // of the faces that have one, where these are not loaded
     std::shared_ptr<const Vectors> m_unsaved;               // which a reading may have come too early for

@@ -134,6 +134,30 @@ TEST_F(FingerprintIndexTest, KeepsToTheSpacingAndToLatin)
     EXPECT_THAT(similar("Mono"), ElementsAre(Pair("Mono2", 100)));
 }
 
+// What it remembers of the candidates is theirs alone.
+TEST_F(FingerprintIndexTest, FollowsTheCandidatesAndTheVectors)
+{
+    const FontRecordPointer computed = recordOf("fingerprint-four.ttf");
+    const FontRecordPointer wide = recordOf("fingerprint-wide.ttf");
+    add("R", "Reference", *Fingerprint::compute(openFace(wide->filePath)));
+    add("A", "A", atDegrees(0));
+    FingerprintIndex index(m_store);
+    QCoro::waitFor(index.load());
+    const auto found = [&](const FingerprintIndex::Records &candidates) {
+        return index.similar("R", candidates, 100, false).size();
+    };
+    EXPECT_EQ(found(m_records), 1U);
+    EXPECT_EQ(found({m_records[0]}), 0U);
+    FontRecord moved = *m_records[1];
+    moved.family = "Reference";
+    EXPECT_EQ(found({m_records[0], std::make_shared<const FontRecord>(moved)}), 0U);
+
+    m_records.push_back(computed);
+    EXPECT_EQ(found(m_records), 1U) << "it has no vector yet";
+    QCoro::waitFor(index.build({computed}));
+    EXPECT_EQ(found(m_records), 2U);
+}
+
 TEST_F(FingerprintIndexTest, PassesOverNumbersThatAreNone)
 {
     Vector broken = atDegrees(0);
