@@ -20,6 +20,40 @@ std::optional<std::string> textOfScript(const std::filesystem::path &file)
     return stream.good() && !text.empty() ? std::optional(std::move(text)) : std::nullopt;
 }
 
+constexpr int kNamesTimeout = 3; // seconds
+constexpr int kFontsTimeout = 60;
+
+// Gives up waiting for the host after a while.
+std::string withTimeout(int seconds, const std::string &script)
+{
+    return "with timeout of " + std::to_string(seconds) + " seconds\n    " + script + "\nend timeout";
+}
+
+std::string tellTo(HostApp app)
+{
+    return "tell application id \"" + bundleIdentifiers(app).front() + '"';
+}
+
+std::string joinedLines(const std::vector<std::string> &lines)
+{
+    std::string text;
+    for (const std::string &line : lines)
+        text += (text.empty() ? "" : "\n") + line;
+    return text;
+}
+
+std::set<std::string> linesOf(std::string_view text)
+{
+    std::set<std::string> lines;
+    while (!text.empty()) {
+        const std::size_t end = text.find('\n');
+        if (end != 0)
+            lines.emplace(text.substr(0, end));
+        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+    }
+    return lines;
+}
+
 } // namespace
 
 AdobeHost::AdobeHost(HostApp app, AppleEventRunner &runner, std::filesystem::path scripts)
@@ -36,10 +70,32 @@ QCoro::Task<ApplyResult> AdobeHost::apply(FontRecordPointer record)
     if (!script)
         co_return ApplyOutcome::Failed{localized("Script « %1.jsx » introuvable dans l'app.", {name}), app};
     const std::string undoName = HostBridge::undoName();
-    const std::string javaScript = filledTemplate(*script, record->postScriptName, undoName);
+    const std::string javaScript =
+        filledTemplate(*script, {{kPostScriptNamePlace, record->postScriptName}, {kUndoNamePlace, undoName}});
     std::string source = appleScriptFor(app, appleScriptCommand(app, javaScript, undoName));
     const auto outcome = co_await m_runner.run(std::move(source));
     co_return HostBridge::interpret(outcome, app);
+}
+
+QCoro::Task<std::optional<std::set<std::string>>> AdobeHost::documentNames()
+{
+    std::string source = withTimeout(kNamesTimeout, tellTo(m_app) + " to get name of every document");
+    const auto outcome = co_await m_runner.run(std::move(source), AppleEventRunner::Returns::List);
+    const auto *names = std::get_if<ScriptSuccess>(&outcome);
+    co_return names == nullptr ? std::nullopt : std::optional(linesOf(names->text));
+}
+
+QCoro::Task<std::vector<UsedFont>> AdobeHost::usedFonts(std::vector<std::string> documents)
+{
+    const auto script = textOfScript(m_scripts / (scriptName(m_app) + ".fonts.jsx"));
+    if (!script)
+        co_return std::vector<UsedFont>();
+    const std::string javaScript = filledTemplate(*script, {{kDocumentsPlace, joinedLines(documents)}});
+    const std::string command = appleScriptCommand(m_app, javaScript, HostBridge::undoName());
+    std::string source = withTimeout(kFontsTimeout, tellTo(m_app) + "\n        " + command + "\n    end tell");
+    const auto outcome = co_await m_runner.run(std::move(source));
+    const auto *answer = std::get_if<ScriptSuccess>(&outcome);
+    co_return answer == nullptr ? std::vector<UsedFont>() : parseUsedFonts(answer->text);
 }
 
 } // namespace kerlune

@@ -7,13 +7,16 @@
 
 namespace kerlune {
 
-// A program that runs JavaScript, which an AppleScript hands it.
+// A program that runs JavaScript, which an AppleScript hands it: NAME.jsx applies a font, NAME.fonts.jsx lists those of
+// documents.
 class AdobeHost final : public Host {
 public:
-    // The runner must outlive it. The script is a template in that folder.
+    // The runner must outlive it. The scripts are templates in that folder.
     AdobeHost(HostApp app, AppleEventRunner &runner, std::filesystem::path scripts);
 
     QCoro::Task<ApplyResult> apply(FontRecordPointer record) override;
+    QCoro::Task<std::optional<std::set<std::string>>> documentNames() override;
+    QCoro::Task<std::vector<UsedFont>> usedFonts(std::vector<std::string> documents) override;
 
 private:
     HostApp m_app;

@@ -1,9 +1,15 @@
 #pragma once
 
 #include "Bridge/ApplyResult.h"
+#include "Bridge/UsedFont.h"
 #include "Model/FontRecord.h"
 
 #include <QCoroTask>
+
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
 
 namespace kerlune {
 
@@ -11,12 +17,20 @@ namespace kerlune {
 // that answers as the others do (see HostBridge::interpret).
 //
 // Thread: main.
-// Errors: only as an ApplyResult.
+// Errors: of apply() only as an ApplyResult, of the others none.
 class Host {
 public:
     virtual ~Host() = default;
 
     virtual QCoro::Task<ApplyResult> apply(FontRecordPointer record) = 0;
+
+    // The names of its open documents; absent where it does not tell.
+    virtual QCoro::Task<std::optional<std::set<std::string>>> documentNames() { co_return std::nullopt; }
+    // The fonts of these documents, those that are missing included; none where it does not tell.
+    virtual QCoro::Task<std::vector<UsedFont>> usedFonts(std::vector<std::string> /*documents*/)
+    {
+        co_return std::vector<UsedFont>();
+    }
 };
 
 } // namespace kerlune

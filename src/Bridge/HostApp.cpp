@@ -14,30 +14,40 @@ struct HostNames {
     std::vector<std::string> bundleIdentifiers;
     const char *scriptName;
     const char *commandWord;
+    const char *windowName; // WM_CLASS, in lower case
     const char *selection;
 };
 
 const HostNames &namesOf(HostApp host)
 {
     static const std::array<HostNames, kHostApps.size()> names{{
-        {"Photoshop", {"com.adobe.Photoshop"}, "photoshop", "photoshop", marked("calques de texte sélectionnés")},
+        {"Photoshop",
+         {"com.adobe.Photoshop"},
+         "photoshop",
+         "photoshop",
+         "photoshop.exe",
+         marked("calques de texte sélectionnés")},
         {"Illustrator",
          {"com.adobe.illustrator"},
          "illustrator",
          "illustrator",
+         "illustrator.exe",
          marked("objets texte ou caractères sélectionnés")},
         {"InDesign",
          {"com.adobe.InDesign"},
          "indesign",
          "indesign",
+         "indesign.exe",
          marked("blocs de texte, texte ou caractères sélectionnés")},
         {"After Effects",
          {"com.adobe.AfterEffects.application"},
          "afterEffects",
          "after-effects",
+         "afterfx.exe",
          marked("calques de texte sélectionnés")},
         {"DaVinci Resolve",
          {"com.blackmagic-design.DaVinciResolve", "com.blackmagic-design.DaVinciResolveStudio"},
+         "resolve",
          "resolve",
          "resolve",
          marked("titres Text+ sélectionnés, ou celui sous la tête de lecture")},
@@ -45,17 +55,27 @@ const HostNames &namesOf(HostApp host)
     return names.at(static_cast<std::size_t>(host));
 }
 
-// ASCII letters alone, in lower case.
+std::string lowerCase(std::string_view name)
+{
+    std::string lower(name);
+    std::transform(lower.begin(), lower.end(), lower.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    return lower;
+}
+
+// In lower case, and without what parts words.
 std::string letters(std::string_view name)
 {
-    std::string letters;
-    for (const char c : name) {
-        if (c >= 'A' && c <= 'Z')
-            letters += static_cast<char>(c - 'A' + 'a');
-        else if (c != ' ' && c != '-')
-            letters += c;
-    }
+    std::string letters = lowerCase(name);
+    std::erase_if(letters, [](char c) { return c == ' ' || c == '-'; });
     return letters;
+}
+
+template <typename Matches>
+std::optional<HostApp> firstHost(Matches &&matches)
+{
+    const auto host = std::find_if(kHostApps.begin(), kHostApps.end(), matches);
+    return host == kHostApps.end() ? std::nullopt : std::optional(*host);
 }
 
 } // namespace
@@ -88,10 +108,17 @@ std::string commandWord(HostApp host)
 std::optional<HostApp> hostNamed(std::string_view name)
 {
     const std::string wanted = letters(name);
-    const auto host = std::find_if(kHostApps.begin(), kHostApps.end(), [&](HostApp candidate) {
+    return firstHost([&](HostApp candidate) {
         return wanted == letters(commandWord(candidate)) || wanted == letters(displayName(candidate));
     });
-    return host == kHostApps.end() ? std::nullopt : std::optional(*host);
+}
+
+std::optional<HostApp> hostOf(const FrontApplication::Program &program)
+{
+    return firstHost([&](HostApp candidate) {
+        const std::string name = namesOf(candidate).windowName;
+        return lowerCase(program.instance) == name || lowerCase(program.windowClass) == name;
+    });
 }
 
 std::string appleScriptCommand(HostApp host, std::string_view javaScript, std::string_view undoName)

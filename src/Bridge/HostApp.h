@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Platform/FrontApplication.h"
+
 #include <array>
 #include <optional>
 #include <string>
@@ -22,6 +24,8 @@ std::string selectionDescription(HostApp host);           // what in it is given
 std::string commandWord(HostApp host); // as it is named on the command line
 // By that word or any other name that stands here, however it is spelt: "after-effects".
 std::optional<HostApp> hostNamed(std::string_view name);
+// By the names of its windows, on this system or under Wine.
+std::optional<HostApp> hostOf(const FrontApplication::Program &program);
 
 // The AppleScript command that runs a JavaScript text in the host, and the script that sends it there.
 std::string appleScriptCommand(HostApp host, std::string_view javaScript, std::string_view undoName);

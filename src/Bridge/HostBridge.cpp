@@ -94,14 +94,24 @@ QCoro::Task<ApplyResult> HostBridge::apply(FontRecordPointer record, HostApp tar
 
 QCoro::Task<ApplyResult> HostBridge::applyToFrontmost(FontRecordPointer record)
 {
+    const auto target = frontmost();
+    if (!target)
+        co_return noHostRuns();
+    co_return co_await apply(std::move(record), *target);
+}
+
+std::optional<HostApp> HostBridge::frontmost() const
+{
     const std::vector<HostApp> running = m_runningHosts ? m_runningHosts() : std::vector<HostApp>();
-    if (running.empty()) {
-        std::string names;
-        for (const HostApp host : kHostApps)
-            names += (names.empty() ? "" : ", ") + displayName(host);
-        co_return Failed{localized("Aucune application compatible n'est lancée (%1).", {names})};
-    }
-    co_return co_await apply(std::move(record), running.front());
+    return running.empty() ? std::nullopt : std::optional(running.front());
+}
+
+ApplyResult HostBridge::noHostRuns()
+{
+    std::string names;
+    for (const HostApp host : kHostApps)
+        names += (names.empty() ? "" : ", ") + displayName(host);
+    return Failed{localized("Aucune application compatible n'est lancée (%1).", {names})};
 }
 
 std::string HostBridge::undoName()

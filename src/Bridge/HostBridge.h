@@ -12,6 +12,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,6 +38,11 @@ public:
     QCoro::Task<ApplyResult> apply(FontRecordPointer record, HostApp target);
     QCoro::Task<ApplyResult> applyToFrontmost(FontRecordPointer record);
 
+    std::optional<HostApp> frontmost() const; // the running host that was in front last
+    Host &host(HostApp app) const { return *m_hosts.at(app); }
+
+    static ApplyResult noHostRuns(); // what applying to the frontmost one comes to then
+
     static std::string undoName(); // of the change, in the menu of a host
 
     // What an answer means: "OK|" with the number of items changed and perhaps a note after a further "|", or "ERR|"
@@ -48,7 +54,7 @@ public:
 private:
     AppleEventRunner m_appleEvents;
     ProcessRunner m_processes;
-    std::map<HostApp, std::unique_ptr<Host>> m_hosts;
+    std::map<HostApp, std::unique_ptr<Host>> m_hosts; // one for each app
     RunningHosts m_runningHosts;
 };
 

@@ -7,9 +7,6 @@ namespace kerlune {
 
 namespace {
 
-constexpr std::string_view kPostScriptNamePlace = "__PSNAME__";
-constexpr std::string_view kUndoNamePlace = "__UNDO_NAME__";
-
 // The length of a line end at the start of the text, 0 for none.
 std::size_t lineEnd(std::string_view text)
 {
@@ -79,17 +76,15 @@ std::string escapedForJavaScript(std::string_view text)
     return escaped(text, write);
 }
 
-std::string filledTemplate(std::string_view script, std::string_view postScriptName, std::string_view undoName)
+std::string filledTemplate(std::string_view script,
+                           std::initializer_list<std::pair<std::string_view, std::string_view>> texts)
 {
-    const std::array<std::pair<std::string_view, std::string>, 2> values{
-        {{kPostScriptNamePlace, escapedForJavaScript(postScriptName)},
-         {kUndoNamePlace, escapedForJavaScript(undoName)}}};
     std::string filled;
     while (!script.empty()) {
         std::size_t taken = 0;
-        for (const auto &[place, value] : values) {
+        for (const auto &[place, text] : texts) {
             if (script.starts_with(place)) {
-                filled += value; // which is not searched for places itself
+                filled += escapedForJavaScript(text); // which is not searched for places itself
                 taken = place.size();
             }
         }

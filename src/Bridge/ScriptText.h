@@ -1,7 +1,9 @@
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace kerlune {
 
@@ -14,7 +16,13 @@ std::string quotedForAppleScript(std::string_view text);
 // that JavaScript also takes for line ends, and other control characters, are written by their numbers.
 std::string escapedForJavaScript(std::string_view text);
 
-// A script with the name of the font and of the undo step in their places, each within a string literal.
-std::string filledTemplate(std::string_view script, std::string_view postScriptName, std::string_view undoName);
+// The places of a template, each within a string literal.
+inline constexpr std::string_view kPostScriptNamePlace = "__PSNAME__";
+inline constexpr std::string_view kUndoNamePlace = "__UNDO_NAME__";
+inline constexpr std::string_view kDocumentsPlace = "__DOCUMENTS__"; // names, each on a line
+
+// A script with texts in their places.
+std::string filledTemplate(std::string_view script,
+                           std::initializer_list<std::pair<std::string_view, std::string_view>> texts);
 
 } // namespace kerlune

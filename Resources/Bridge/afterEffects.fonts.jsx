@@ -1,0 +1,79 @@
+// Lists the fonts that documents of After Effects use, those that are missing included.
+//
+// ECMAScript 3. The value of the script is its answer: a line for each font, with its PostScript name, family and style
+// and a tab between them; what is not known is empty. Kerlune puts the names of the documents into the string literal
+// below, each on a line, and nowhere else.
+(function () {
+    var documentNames = "__DOCUMENTS__".split("\n");
+    var lines = [];
+    var isListed = {};
+
+    function field(text) {
+        return text == null ? "" : String(text).replace(/[\t\r\n\u2028\u2029]+/g, " ");
+    }
+
+    function add(postScriptName, family, style) {
+        var line = field(postScriptName) + "\t" + field(family) + "\t" + field(style);
+        if (!isListed["font " + line]) {
+            isListed["font " + line] = true;
+            lines.push(line);
+        }
+    }
+
+    function isWanted(name) {
+        for (var i = 0; i < documentNames.length; i++) {
+            if (documentNames[i] == name) {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    // By the names that are the same in every language; null when it is no text layer.
+    function sourceText(layer) {
+        var group = layer.property("ADBE Text Properties");
+        return group ? group.property("ADBE Text Document") : null;
+    }
+
+    function addText(text) {
+        add(text.font, text.fontFamily, text.fontStyle);
+    }
+
+    function addLayer(layer) {
+        var source = sourceText(layer);
+        if (!source) {
+            return;
+        }
+        addText(source.value);
+        for (var key = 1; key <= source.numKeys; key++) {
+            addText(source.keyValue(key));
+        }
+    }
+
+    function addCompositions(project) {
+        for (var i = 1; i <= project.numItems; i++) {
+            var item = project.item(i);
+            for (var j = 1; item.layers && j <= item.numLayers; j++) {
+                addLayer(item.layer(j));
+            }
+        }
+    }
+
+    // Version 24.5 and later.
+    function addUsedFonts(fonts) {
+        for (var i = 0; i < fonts.length; i++) {
+            add(fonts[i].font.postScriptName, fonts[i].font.familyName, fonts[i].font.styleName);
+        }
+    }
+
+    // The one document is the project.
+    var project = app.project;
+    if (project && project.file && isWanted(project.file.displayName)) {
+        if (project.usedFonts) {
+            addUsedFonts(project.usedFonts);
+        } else {
+            addCompositions(project);
+        }
+    }
+    return lines.join("\n");
+}());
