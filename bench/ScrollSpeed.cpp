@@ -6,6 +6,8 @@
 #include "Platform/Linux/FontconfigCatalog.h"
 #include "Platform/Linux/InotifyEventStream.h"
 #include "Platform/Linux/LinuxFontRegistry.h"
+#include "Platform/Linux/NoFrontApplication.h"
+#include "Platform/Linux/NoScriptEngine.h"
 #include "Platform/Linux/ProcessFonts.h"
 #include "Support/CpuStopwatch.h"
 #include "UI/Browser/BrowserPane.h"
@@ -157,7 +159,9 @@ int main(int argc, char **argv)
     const FontconfigCatalog catalog(processFonts, directories.caches / "descriptors");
     LinuxFontRegistry registry(processFonts, activationLinksFolder(directories));
     InotifyEventStream events({});
-    AppState state({catalog, registry, events, directories});
+    NoScriptEngine scripts;
+    NoFrontApplication front;
+    AppState state({catalog, registry, events, scripts, front, directories});
     QCoro::waitFor(state.load());
     Preferences preferences(directories);
     Theme theme(Appearance::light);

@@ -7,6 +7,7 @@
 #include "CLI/NamedThings.h"
 #include "CLI/NoEvents.h"
 #include "CLI/Output.h"
+#include "Platform/Linux/NoFrontApplication.h"
 #include "Support/Localization.h"
 #include "UI/Window/SettingsWindow.h"
 
@@ -117,7 +118,8 @@ int captureWindow(const ProgramParts &parts, const CaptureRequest &request)
         preferences.appearance = request.theme;
     }
     NoEvents events; // nothing is followed: the picture is of one moment
-    WindowProgram program(*application, parts, events, settings);
+    NoFrontApplication front;
+    WindowProgram program(*application, parts, {events, front}, settings);
     AppState &state = program.state();
     QApplication::setCursorFlashTime(0);
     QApplication::setEffectEnabled(Qt::UI_AnimateMenu, false);

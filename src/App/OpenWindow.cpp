@@ -1,12 +1,16 @@
 #include "App/OpenWindow.h"
 
+#include "App/ApplyHotKey.h"
 #include "App/WindowProgram.h"
 #include "CLI/Commands.h"
 #include "CLI/Output.h"
 #include "Platform/Linux/DesktopAppearance.h"
 #include "Platform/Linux/InotifyEventStream.h"
+#include "Platform/Linux/LinuxFrontApplication.h"
+#include "Platform/Linux/LinuxHotKeys.h"
 #include "Support/Debounce.h"
 #include "Support/Localization.h"
+#include "UI/Window/ApplyNotice.h"
 #include "UI/Window/SingleInstance.h"
 #include "UI/Window/TrayPicker.h"
 
@@ -14,6 +18,7 @@
 
 #include <chrono>
 #include <iostream>
+#include <optional>
 
 namespace kerlune {
 
@@ -93,7 +98,8 @@ int openWindow(const ProgramParts &parts, const std::vector<std::string> &paths)
         return kDone;
 
     InotifyEventStream events({});
-    WindowProgram program(*application, parts, events, parts.directories);
+    const auto front = linuxFrontApplication();
+    WindowProgram program(*application, parts, {events, *front}, parts.directories);
     MainWindow &window = program.window();
     TrayPicker tray(program.workspace());
     connectTray(tray, program);
@@ -112,7 +118,18 @@ int openWindow(const ProgramParts &parts, const std::vector<std::string> &paths)
     AppState &state = program.state();
     Debounce analysis(kQuietBeforeAnalysis, [&state] { analyse(state); });
     const auto libraryObserver = state.library.observe([&analysis] { analysis.trigger(); });
+    const auto tellOutside = [&tray](const Notice &notice) {
+        if (QApplication::activeWindow() == nullptr)
+            tray.tell(notice);
+    };
+    const auto feedbackObserver = state.applyFeedback.observe([&state, tellOutside] {
+        if (const auto &feedback = state.applyFeedback())
+            tellOutside(noticeOf(*feedback));
+    });
+    LinuxHotKeys keys(localized("Appliquer la police sélectionnée"));
+    std::optional<ApplyHotKey> hotKey;
     window.show();
+    hotKey.emplace(keys, state, preferences);
     state.load();
     if (!files.isEmpty())
         window.open(files);

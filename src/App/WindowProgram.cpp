@@ -31,14 +31,15 @@ WindowApplication::WindowApplication()
     , m_application(m_count, m_arguments.data())
 {}
 
-WindowProgram::WindowProgram(QApplication &application, const ProgramParts &parts, FileEventStream &events,
+WindowProgram::WindowProgram(QApplication &application, const ProgramParts &parts, const FollowedParts &followed,
                              const Directories &settings)
     : m_application(application)
     , m_preferences(settings)
     , m_language(m_preferences)
     , m_theme(m_preferences.appearance.value())
     , m_isThemeApplied(apply(m_theme, m_application))
-    , m_state({parts.catalog, parts.registry, events, withConfiguration(parts.directories, settings)})
+    , m_state({parts.catalog, parts.registry, followed.events, parts.scripts, followed.front,
+               withConfiguration(parts.directories, settings)})
     , m_workspace(m_state, m_preferences, m_theme, m_previews)
     , m_window(m_workspace)
 {

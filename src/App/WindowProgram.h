@@ -12,6 +12,7 @@
 namespace kerlune {
 
 class FileEventStream;
+class FrontApplication;
 
 // The application object, with the few interface fonts, and none of the command line's arguments taken for Qt's.
 class WindowApplication final {
@@ -28,13 +29,19 @@ private:
     QApplication m_application;
 };
 
+// What the window follows: needs the application object, and must outlive the window.
+struct FollowedParts {
+    FileEventStream &events;
+    FrontApplication &front;
+};
+
 // All objects of the window, each built once.
 //
 // Thread: main.
 class WindowProgram final {
 public:
     // The settings come from `settings`, all else from the directories of the parts.
-    WindowProgram(QApplication &application, const ProgramParts &parts, FileEventStream &events,
+    WindowProgram(QApplication &application, const ProgramParts &parts, const FollowedParts &followed,
                   const Directories &settings);
     ~WindowProgram();
 

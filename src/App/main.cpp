@@ -41,12 +41,13 @@ int main(int argc, char *argv[])
     const auto processFonts = std::make_shared<kerlune::ProcessFonts>();
     const kerlune::FontconfigCatalog catalog(processFonts, directories.caches / "descriptors");
     kerlune::LinuxFontRegistry registry(processFonts, kerlune::activationLinksFolder(directories));
-    const kerlune::ProgramParts parts{.catalog = catalog, .registry = registry, .directories = directories};
+    kerlune::NoScriptEngine scripts;
+    const kerlune::ProgramParts parts{
+        .catalog = catalog, .registry = registry, .scripts = scripts, .directories = directories};
     const kerlune::WindowCommands window{
         .open = [&parts](const std::vector<std::string> &paths) { return kerlune::openWindow(parts, paths); },
         .capture = [&parts](const kerlune::CaptureRequest &request) { return kerlune::captureWindow(parts, request); },
         .panels = kerlune::panelNames()};
-    kerlune::NoScriptEngine scripts;
     return kerlune::runCommandLine(
         argc, argv,
         {.catalog = catalog, .registry = registry, .directories = directories, .window = window, .scripts = scripts});

@@ -121,6 +121,19 @@ std::optional<HostApp> hostOf(const FrontApplication::Program &program)
     });
 }
 
+std::vector<HostApp> runningHosts(const FrontApplication &front)
+{
+    std::vector<HostApp> hosts;
+    std::vector<FrontApplication::Program> programs = front.programs();
+    programs.insert(programs.begin(), front.current());
+    for (const FrontApplication::Program &program : programs) {
+        const auto host = hostOf(program);
+        if (host && std::find(hosts.begin(), hosts.end(), *host) == hosts.end())
+            hosts.push_back(*host);
+    }
+    return hosts;
+}
+
 std::string appleScriptCommand(HostApp host, std::string_view javaScript, std::string_view undoName)
 {
     const std::string text = quotedForAppleScript(javaScript);

@@ -26,6 +26,7 @@ std::string commandWord(HostApp host); // as it is named on the command line
 std::optional<HostApp> hostNamed(std::string_view name);
 // By the names of its windows, on this system or under Wine.
 std::optional<HostApp> hostOf(const FrontApplication::Program &program);
+std::vector<HostApp> runningHosts(const FrontApplication &front); // the one that was in front last comes first
 
 // The AppleScript command that runs a JavaScript text in the host, and the script that sends it there.
 std::string appleScriptCommand(HostApp host, std::string_view javaScript, std::string_view undoName);

@@ -29,8 +29,8 @@ public:
     using RunningHosts = std::function<std::vector<HostApp>()>; // the one that was in front last comes first
 
     struct Places {
-        std::filesystem::path scripts; // the files sent to the hosts
-        std::filesystem::path resolve; // where DaVinci Resolve is installed
+        std::filesystem::path scripts;                  // the files sent to the hosts
+        std::function<std::filesystem::path()> resolve; // where DaVinci Resolve is installed; asked at each use
     };
 
     HostBridge(ScriptEngine &engine, const Places &places, RunningHosts runningHosts);
@@ -39,6 +39,7 @@ public:
     QCoro::Task<ApplyResult> applyToFrontmost(FontRecordPointer record);
 
     std::optional<HostApp> frontmost() const; // the running host that was in front last
+    // Good as long as the bridge.
     Host &host(HostApp app) const { return *m_hosts.at(app); }
 
     static ApplyResult noHostRuns(); // what applying to the frontmost one comes to then

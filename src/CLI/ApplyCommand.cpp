@@ -1,10 +1,8 @@
-#include "Bridge/HostBridge.h"
 #include "CLI/Await.h"
 #include "CLI/Commands.h"
 #include "CLI/DisplayText.h"
 #include "CLI/NamedFont.h"
 #include "CLI/Output.h"
-#include "State/Preferences.h"
 #include "Support/Localization.h"
 
 #include <nlohmann/json.hpp>
@@ -48,16 +46,11 @@ int runApplyCommand(const CommandContext &context, const std::vector<std::string
     const NamedFont font = NamedFont::find(context, words.front());
     if (font.record == nullptr)
         return kFailed;
-    HostBridge bridge(
-        context.scripts,
-        {.scripts = resourcesFolder() / "Bridge", .resolve = Preferences(context.directories).resolveFolder()}, {});
-    const ApplyResult result = await(bridge.apply(font.record, *target));
+    const ApplyResult result = await(font.session->state().apply(font.record, *target));
     const auto *applied = std::get_if<ApplyOutcome::Applied>(&result);
     if (applied == nullptr)
         return reportFailure(displayText(failureMessage(result)));
     printApplied(*applied, format);
-    if (!font.session->state().noteUsed(font.record->family))
-        font.session->reportWriteFailure(); // the font is applied all the same
     return kDone;
 }
 

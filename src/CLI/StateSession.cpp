@@ -13,7 +13,7 @@ namespace kerlune {
 
 StateSession::StateSession(const CommandContext &context)
     : m_directories(context.directories)
-    , m_state({context.catalog, context.registry, m_events, context.directories})
+    , m_state({context.catalog, context.registry, m_events, context.scripts, m_front, context.directories})
 {}
 
 std::unique_ptr<StateSession> StateSession::open(const CommandContext &context)

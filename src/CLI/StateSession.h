@@ -3,6 +3,7 @@
 #include "CLI/Commands.h"
 #include "CLI/NoEvents.h"
 #include "Platform/FontCatalog.h"
+#include "Platform/Linux/NoFrontApplication.h"
 #include "State/AppState.h"
 
 #include <memory>
@@ -34,6 +35,7 @@ private:
 
     const Directories &m_directories;
     NoEvents m_events;
+    NoFrontApplication m_front;
     AppState m_state;
 };
 

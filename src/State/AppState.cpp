@@ -3,6 +3,7 @@
 #include "Platform/FontCatalog.h"
 #include "Platform/FontRegistry.h"
 #include "State/GoogleSettings.h"
+#include "State/Preferences.h"
 #include "State/SettingsFile.h"
 #include "Support/Localization.h"
 
@@ -75,6 +76,13 @@ AppState::AppState(const Surroundings &surroundings, const Delays &delays)
     , m_folders(m_activation, surroundings.registry, surroundings.events, surroundings.directories, delays.folderRescan)
     , m_settings(settingsFile(surroundings.directories), QSettings::IniFormat)
     , m_foreignChanges(delays.foreignChanges)
+    , m_bridge(surroundings.scripts,
+               {.scripts = resourcesFolder() / "Bridge",
+                .resolve = [this] { return Preferences::resolveFolder(m_settings); }},
+               [&front = surroundings.front] { return runningHosts(front); })
+    , m_missingFonts(
+          m_bridge, surroundings.front,
+          [this] { return hasLoaded() && Preferences::activatesMissingFonts(m_settings); }, delays.missingFonts)
     , m_googleCacheFile(GoogleFontsCatalog::cacheFile(surroundings.directories))
     , m_googleInstallRoot(GoogleFontsCatalog::installRoot(surroundings.directories))
     , m_googleAddresses(googleAddresses(surroundings.directories))
@@ -82,6 +90,7 @@ AppState::AppState(const Surroundings &surroundings, const Delays &delays)
     , m_googleFiles(m_http, m_googleAddresses, m_googleInstallRoot)
     , m_googlePreviews(m_googleSubsets, surroundings.directories)
     , m_googleIdentify(m_googleSubsets)
+    , m_shuffleApplying(delays.shuffle, [this] { applyShuffled(); })
     , m_settingsSaving(delays.settings, [this] { saveSettings(); })
     , m_registryRefresh(delays.registryRefresh, [this] { refreshRegisteredFonts(); })
     , m_noticeDismissal(delays.notice, [this] { dismissNotice(); })
@@ -97,6 +106,12 @@ AppState::AppState(const Surroundings &surroundings, const Delays &delays)
     m_fingerprints = std::make_unique<FingerprintIndex>(m_store);
     readSettings();
     followVisibleList();
+    const auto shuffleSoon = [this] {
+        if (shuffleActive())
+            m_shuffleApplying.trigger();
+    };
+    m_observers.push_back(selectedFamily.addNotifier(shuffleSoon));
+    m_observers.push_back(selectedFace.addNotifier(shuffleSoon));
     connect(&surroundings.registry, &FontRegistry::registeredFontsChanged, this,
             [this] { m_registryRefresh.trigger(); });
     followOtherProcesses(surroundings.directories);

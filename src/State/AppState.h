@@ -1,6 +1,8 @@
 #pragma once
 
 #include "Bridge/ApplyResult.h"
+#include "Bridge/HostBridge.h"
+#include "Bridge/MissingFontsWatcher.h"
 #include "Catalogs/GoogleFamilyFiles.h"
 #include "Catalogs/GooglePreviewStore.h"
 #include "Catalogs/HttpsClient.h"
@@ -89,6 +91,8 @@ public:
         std::chrono::milliseconds notApplied{5'000};
         std::chrono::milliseconds foreignChanges{2'000};
         std::chrono::milliseconds settings{500};
+        std::chrono::milliseconds shuffle{150};
+        std::chrono::milliseconds missingFonts = MissingFontsWatcher::kInterval;
     };
 
     // What must outlive the state.
@@ -96,6 +100,8 @@ public:
         const FontCatalog &catalog;
         FontRegistry &registry;
         FileEventStream &events; // of the watched folders
+        ScriptEngine &scripts;
+        FrontApplication &front;
         const Directories &directories;
     };
 
@@ -157,6 +163,11 @@ public:
     QProperty<std::optional<std::string>> googleFocusFamily;
     QProperty<std::vector<std::string>> googleArrowFamilies; // that arrow keys step through
 
+    // Fonts in other programs.
+    Field<bool> isApplying;
+    Field<bool> shuffleActive; // each font that is selected is applied at once
+    Field<std::optional<HostApp>> shuffleTarget;
+
     // What has just happened; gone by itself after a while.
     Field<std::optional<Notice>> notice;
     Field<std::optional<ApplyResult>> applyFeedback;
@@ -171,6 +182,7 @@ public:
     const ActivationManager &activation() const { return m_activation; }
     FolderLibrary &folderLibrary() { return m_folders; }
     const FolderLibrary &folderLibrary() const { return m_folders; }
+    const HostBridge &hostBridge() const { return m_bridge; }
     FingerprintIndex &fingerprints() const { return *m_fingerprints; }
     GooglePreviewStore &googlePreviews() { return m_googlePreviews; }
     GoogleIdentifyIndex &googleIdentify() { return m_googleIdentify; }
@@ -204,6 +216,23 @@ public:
     ActivationState activationState(const FontFamily &family) const;
     QCoro::Task<bool> setActive(const FontFamilyPointer &family, bool on); // false, with a notice, when a file failed
     QCoro::Task<bool> setFilesActive(std::vector<std::string> files, bool on); // likewise, of any watched folder
+
+    // Fonts in other programs.
+    // Shows the font to every program where that is needed, and gives the text that is selected in the host this font.
+    QCoro::Task<ApplyResult> apply(FontRecordPointer face, HostApp target);
+    // That of activeRecord(), where there is one; what came of it is in applyFeedback. While one runs, a further one
+    // waits for it, and takes the place of those that wait already.
+    QCoro::Task<> applyCurrent(HostApp target);
+    QCoro::Task<> applyCurrentToFrontmost();
+    // Applies the selected font and each one that is selected from now on, in the host that was in front last, where
+    // none is given. False, with feedback, when no host runs. It stops by itself when the host is out of reach.
+    bool startShuffle(std::optional<HostApp> target = std::nullopt);
+    void stopShuffle();
+    void stepShuffle(int step); // selects another visible family; after the last one comes the first
+    void stepShuffleAtRandom();
+    // Shows to every program what the library holds of these fonts, by PostScript name, else by family and style, and
+    // tells in a notice which it does not hold. Nothing is ever deactivated.
+    QCoro::Task<> activateMissingFonts(std::vector<UsedFont> fonts, std::vector<std::string> documents, HostApp host);
 
     // Google Fonts.
     // Reads the copy on disk, where nothing was read yet, and asks the service when that is older than seven days, or
@@ -287,6 +316,10 @@ private:
     void publishTags(TagsByFamily stored);
     void publishCollections(Collections stored, std::map<std::string, FamilyNames> members);
     void publishSmartCollections(std::vector<SmartCollection> stored);
+    QCoro::Task<std::optional<std::string>> preflight(FontRecordPointer face); // what stands in the way
+    void applyShuffled();
+    void selectForShuffle(std::size_t position);
+    std::vector<FontRecordPointer> facesFor(const UsedFont &font) const;
     void failGoogleFamily(const std::string &name, std::string error);
     template <typename Change>
     bool write(Change &&change); // to the store; false without one
@@ -300,6 +333,10 @@ private:
     std::unique_ptr<FingerprintIndex> m_fingerprints;
     QSettings m_settings;
     ForeignChanges m_foreignChanges;
+
+    HostBridge m_bridge;
+    MissingFontsWatcher m_missingFonts;
+    std::optional<HostApp> m_wantedTarget; // of the font that is to be applied next
 
     std::filesystem::path m_googleCacheFile;
     std::filesystem::path m_googleInstallRoot;
@@ -318,6 +355,7 @@ private:
     mutable std::optional<std::map<std::string, std::int64_t>> m_languageCounts;
 
     bool m_isRefreshing = false;
+    Debounce m_shuffleApplying;
     Debounce m_settingsSaving;
     Debounce m_registryRefresh;
     Debounce m_noticeDismissal;

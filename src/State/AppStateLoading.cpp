@@ -82,6 +82,10 @@ QCoro::Task<> AppState::load()
     }
     refreshGoogleInstalled();
     reloadUserData();
+    const auto activate = [this](std::vector<UsedFont> fonts, std::vector<std::string> documents, HostApp host) {
+        return activateMissingFonts(std::move(fonts), std::move(documents), host);
+    };
+    m_missingFonts.start(activate);
     co_await m_activation.reapplyOnLaunch();
     if (!self)
         co_return;

@@ -17,6 +17,9 @@ using Words = std::array<std::pair<Value, const char *>, 3>;
 constexpr Words<InterfaceLanguage> kLanguages{{{InterfaceLanguage::system, "system"},
                                                {InterfaceLanguage::french, "french"},
                                                {InterfaceLanguage::english, "english"}}};
+constexpr const char *kAutoActivateMissingFonts = "autoActivateMissingFonts";
+constexpr const char *kResolvePath = "resolvePath";
+
 constexpr Words<Appearance> kAppearances{
     {{Appearance::system, "system"}, {Appearance::light, "light"}, {Appearance::dark, "dark"}}};
 
@@ -40,6 +43,21 @@ QString wordOfValue(const Words<Value> &words, Value wanted)
     return {};
 }
 
+// A text with commas may stand there as a list.
+QString textOf(const QVariant &value)
+{
+    return value.toStringList().join(QStringLiteral(", "));
+}
+
+// The file holds words; anything but "true" and "false", "1" and "0" is none of ours.
+bool flagOf(const QVariant &value, bool standard)
+{
+    const QString word = value.toString().toLower();
+    const bool isYes = word == QLatin1String("true") || word == QLatin1String("1");
+    const bool isNo = word == QLatin1String("false") || word == QLatin1String("0");
+    return isYes || (!isNo && standard);
+}
+
 // Only what is not as it stands there: another process may have written its own.
 void write(QSettings &settings, const QString &key, const QVariant &value, const QVariant &standard)
 {
@@ -52,12 +70,11 @@ void write(QSettings &settings, const QString &key, const QVariant &value, const
 Preferences::Preferences(const Directories &directories)
     : m_settings(settingsFile(directories), QSettings::IniFormat)
 {
-    const auto readText = [](const QVariant &value) { return value.toStringList().join(QStringLiteral(", ")); };
     const auto writeText = [](const QString &text) { return text; };
-    keep(customPreviewText, "customPreviewText", QString(), readText, writeText);
-    keep(resolvePath, "resolvePath", QString(), readText, writeText);
+    keep(customPreviewText, "customPreviewText", QString(), textOf, writeText);
+    keep(resolvePath, kResolvePath, QString(), textOf, writeText);
     keep(applyHotKeyEnabled, "applyHotKeyEnabled", true);
-    keep(autoActivateMissingFonts, "autoActivateMissingFonts", true);
+    keep(autoActivateMissingFonts, kAutoActivateMissingFonts, true);
     keep(similarLatinOnly, "similarLatinOnly", true);
     keep(showMenuBarExtra, "showMenuBarExtra", true);
     keep(identifySearchesGoogle, "identifySearchesGoogle", true);
@@ -71,10 +88,15 @@ Preferences::Preferences(const Directories &directories)
         [](Appearance value) { return wordOfValue(kAppearances, value); });
 }
 
-std::filesystem::path Preferences::resolveFolder() const
+bool Preferences::activatesMissingFonts(const QSettings &settings)
+{
+    return flagOf(settings.value(QLatin1String(kAutoActivateMissingFonts)), true);
+}
+
+std::filesystem::path Preferences::resolveFolder(const QSettings &settings)
 {
     const QString named = qEnvironmentVariable("KERLUNE_RESOLVE_PATH");
-    const QString chosen = named.isEmpty() ? resolvePath.value() : named;
+    const QString chosen = named.isEmpty() ? textOf(settings.value(QLatin1String(kResolvePath))) : named;
     return chosen.isEmpty() ? usualResolveFolder() : std::filesystem::absolute(QFile::encodeName(chosen).toStdString());
 }
 
@@ -98,15 +120,9 @@ void Preferences::keep(QProperty<Value> &property, const char *key, Value standa
     }));
 }
 
-// The file holds words; anything but "true" and "false", "1" and "0" is none of ours.
 void Preferences::keep(QProperty<bool> &property, const char *key, bool standard)
 {
-    const auto read = [standard](const QVariant &value) {
-        const QString word = value.toString().toLower();
-        const bool isYes = word == QLatin1String("true") || word == QLatin1String("1");
-        const bool isNo = word == QLatin1String("false") || word == QLatin1String("0");
-        return isYes || (!isNo && standard);
-    };
+    const auto read = [standard](const QVariant &value) { return flagOf(value, standard); };
     keep(property, key, standard, read, [](bool value) { return value; });
 }
 

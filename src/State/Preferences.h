@@ -36,8 +36,10 @@ public:
     QProperty<InterfaceLanguage> language;
     QProperty<Appearance> appearance;
 
+    // For those who ask at each use and need not be told of changes.
+    static bool activatesMissingFonts(const QSettings &settings);
     // The environment's KERLUNE_RESOLVE_PATH, else the setting, else the usual place; absolute.
-    std::filesystem::path resolveFolder() const;
+    static std::filesystem::path resolveFolder(const QSettings &settings);
 
     // How a part of the window was left, such as "window/geometry"; not shown to the user as a setting.
     QVariant layout(const QString &key, const QVariant &standard = {}) const;

@@ -3,6 +3,8 @@
 #include "LibraryHome.h"
 #include "Platform/Linux/FontconfigCatalog.h"
 #include "Platform/Linux/InotifyEventStream.h"
+#include "Platform/Linux/NoFrontApplication.h"
+#include "Platform/Linux/NoScriptEngine.h"
 
 #include <sys/stat.h>
 
@@ -37,7 +39,7 @@ protected:
             : processFonts(std::make_shared<ProcessFonts>())
             , catalog(processFonts, test.m_directories.caches / "descriptors")
             , registry(processFonts, activationLinksFolder(test.m_directories))
-            , state({catalog, registry, events, test.m_directories}, delays)
+            , state({catalog, registry, events, scripts, front, test.m_directories}, delays)
         {}
         ~Program() { finishBackgroundWork(); }
 
@@ -55,6 +57,8 @@ protected:
         FontconfigCatalog catalog;
         LinuxFontRegistry registry;
         InotifyEventStream events{{.latency = 5ms, .rootCheck = 20ms}};
+        NoScriptEngine scripts;
+        NoFrontApplication front;
         AppState state;
     };
 

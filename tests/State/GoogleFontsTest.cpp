@@ -3,6 +3,8 @@
 #include "LibraryHome.h"
 #include "Platform/Linux/FontconfigCatalog.h"
 #include "Platform/Linux/InotifyEventStream.h"
+#include "Platform/Linux/NoFrontApplication.h"
+#include "Platform/Linux/NoScriptEngine.h"
 #include "State/AppState.h"
 
 #include <cstdlib>
@@ -40,7 +42,7 @@ protected:
 
     std::unique_ptr<AppState> open()
     {
-        return std::make_unique<AppState>(AppState::Surroundings{m_catalog, m_registry, m_events, m_directories},
+        return std::make_unique<AppState>(AppState::Surroundings{m_catalog, m_registry, m_events, m_scripts, m_front, m_directories},
                                           kQuickRefresh);
     }
     static json catalogOf(const std::vector<std::string> &names)
@@ -74,6 +76,8 @@ protected:
     json m_plan = json::object();
     FontconfigCatalog m_catalog{m_processFonts, m_directories.caches / "descriptors"};
     InotifyEventStream m_events{{.latency = 5ms, .rootCheck = 20ms}};
+    NoScriptEngine m_scripts;
+    NoFrontApplication m_front;
     std::unique_ptr<AppState> m_state;
 };
 

@@ -3,6 +3,8 @@
 #include "LibraryHome.h"
 #include "Platform/Linux/FontconfigCatalog.h"
 #include "Platform/Linux/InotifyEventStream.h"
+#include "Platform/Linux/NoFrontApplication.h"
+#include "Platform/Linux/NoScriptEngine.h"
 #include "UI/Workspace.h"
 
 #include <QApplication>
@@ -34,7 +36,7 @@ protected:
             : processFonts(std::make_shared<ProcessFonts>())
             , catalog(processFonts, test.m_directories.caches / "descriptors")
             , registry(processFonts, activationLinksFolder(test.m_directories))
-            , state({catalog, registry, events, test.m_directories}, kQuick)
+            , state({catalog, registry, events, scripts, front, test.m_directories}, kQuick)
             , preferences(test.m_directories)
         {}
         ~Program() { finishBackgroundWork(); }
@@ -46,6 +48,8 @@ protected:
         LinuxFontRegistry registry;
         InotifyEventStream events{
             {.latency = std::chrono::milliseconds(5), .rootCheck = std::chrono::milliseconds(20)}};
+        NoScriptEngine scripts;
+        NoFrontApplication front;
         AppState state;
         Preferences preferences;
         Theme theme{Appearance::light};

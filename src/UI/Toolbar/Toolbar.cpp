@@ -42,6 +42,7 @@ Toolbar::Toolbar(Workspace &workspace, QWidget *parent)
     , m_search(new QLineEdit(this))
     , m_previewText(new PreviewTextBox(workspace, this))
     , m_size(new SizeControl(workspace, this))
+    , m_apply(new QToolButton(this))
     , m_viewModeGroup(new QButtonGroup(this))
 {
     setObjectName(QStringLiteral("toolbar"));
@@ -107,6 +108,23 @@ void Toolbar::layOut()
     for (const auto &[mode, button] : m_viewModes)
         modes->addWidget(button);
     layout->addLayout(modes);
+    layout->addWidget(m_apply);
+}
+
+void Toolbar::setApply(QAction &action, QMenu &menu)
+{
+    m_apply->setObjectName(QStringLiteral("applyButton"));
+    m_apply->setPopupMode(QToolButton::MenuButtonPopup);
+    m_apply->setIcon(m_workspace.theme().icon("apply"));
+    m_apply->setMenu(&menu);
+    connect(m_apply, &QToolButton::clicked, &action, &QAction::trigger);
+    const auto follow = [this, &action] {
+        m_apply->setEnabled(action.isEnabled());
+        m_apply->setAccessibleName(action.text());
+        m_apply->setToolTip(action.toolTip());
+    };
+    connect(&action, &QAction::changed, this, follow);
+    follow();
 }
 
 void Toolbar::focusSearch()

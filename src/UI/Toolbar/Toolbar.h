@@ -7,8 +7,10 @@
 #include <utility>
 #include <vector>
 
+class QAction;
 class QButtonGroup;
 class QLineEdit;
+class QMenu;
 class QToolButton;
 
 namespace kerlune {
@@ -16,7 +18,7 @@ namespace kerlune {
 class PreviewTextBox;
 class SizeControl;
 
-// The search, the preview text and its size, and the view modes.
+// The search, the preview text and its size, the view modes, and applying the selected font.
 //
 // Thread: main.
 class Toolbar final : public QWidget {
@@ -25,6 +27,8 @@ class Toolbar final : public QWidget {
 public:
     explicit Toolbar(Workspace &workspace, QWidget *parent = nullptr);
 
+    // The button that applies the selected font: a click does this, and a menu offers the rest.
+    void setApply(QAction &action, QMenu &menu);
     void focusSearch();
     void focusPreviewText();
 
@@ -45,6 +49,7 @@ private:
     QLineEdit *m_search;
     PreviewTextBox *m_previewText;
     SizeControl *m_size;
+    QToolButton *m_apply;
     std::vector<std::pair<ViewMode, QToolButton *>> m_viewModes;
     QButtonGroup *m_viewModeGroup;
     std::vector<QPropertyNotifier> m_observers;

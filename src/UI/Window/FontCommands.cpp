@@ -2,6 +2,7 @@
 
 #include "Export/CssText.h"
 #include "UI/InterfaceText.h"
+#include "UI/Window/ApplyActions.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -39,6 +40,7 @@ FontCommands::FontCommands(Workspace &workspace, QWidget &window)
     : QObject(&window)
     , m_workspace(workspace)
     , m_menu(new QMenu(&window))
+    , m_apply(new ApplyActions(workspace, window))
     , m_collections(new QMenu(m_menu))
     , m_active(add(QKeySequence(Qt::CTRL | Qt::Key_E), &FontCommands::toggleActive))
     , m_favorite(add(QKeySequence(Qt::CTRL | Qt::Key_B), &FontCommands::toggleFavorite))
@@ -54,6 +56,8 @@ FontCommands::FontCommands(Workspace &workspace, QWidget &window)
     m_menu->setObjectName(QStringLiteral("fontMenu"));
     m_active->setObjectName(QStringLiteral("activate"));
     m_favorite->setObjectName(QStringLiteral("favorite"));
+    m_menu->addMenu(m_apply->menu());
+    m_menu->addSeparator();
     m_menu->addActions({m_active, m_favorite, m_tag});
     m_menu->addMenu(m_collections);
     m_menu->addAction(m_remove);

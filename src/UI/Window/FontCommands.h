@@ -13,6 +13,8 @@ class QMenu;
 
 namespace kerlune {
 
+class ApplyActions;
+
 // What can be done with the selected families: one menu, in the menu bar and at the pointer.
 //
 // Thread: main.
@@ -23,6 +25,7 @@ public:
     FontCommands(Workspace &workspace, QWidget &window);
 
     QMenu *menu() const { return m_menu; }
+    ApplyActions *applyActions() const { return m_apply; }
     void addCopyActions(QMenu &menu) const; // to another menu: the same actions
 
 protected:
@@ -47,6 +50,7 @@ private:
 
     Workspace &m_workspace;
     QMenu *m_menu;
+    ApplyActions *m_apply;
     QMenu *m_collections;
     QAction *m_active;
     QAction *m_favorite;

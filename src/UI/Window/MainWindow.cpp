@@ -8,9 +8,11 @@
 #include "UI/Sidebar/Sidebar.h"
 #include "UI/Toolbar/FilterBar.h"
 #include "UI/Toolbar/Toolbar.h"
+#include "UI/Window/ApplyActions.h"
 #include "UI/Window/NoticeBar.h"
 #include "UI/Window/Pages.h"
 #include "UI/Window/SettingsWindow.h"
+#include "UI/Window/ShuffleBar.h"
 #include "UI/Window/StatusBar.h"
 #include "UI/Window/WindowMenus.h"
 
@@ -100,6 +102,7 @@ MainWindow::MainWindow(Workspace &workspace, QWidget *parent)
     m_menus = new WindowMenus(
         workspace, *this,
         {.sidebar = *m_sidebar, .filterBar = *m_filterBar, .browser = *m_browser, .inspector = *m_inspector});
+    m_toolbar->setApply(*m_menus->applyActions()->toFrontmost(), *m_menus->applyActions()->menu());
     restoreLayout();
     connectParts();
     retranslate();
@@ -117,6 +120,7 @@ QWidget *MainWindow::makeCentre()
     m_pages = new Pages(m_workspace, m_browser);
     layout->addWidget(m_toolbar);
     layout->addWidget(m_filterBar);
+    layout->addWidget(new ShuffleBar(m_workspace, centre));
     layout->addWidget(hairline());
     layout->addWidget(m_pages, 1);
     return centre;

@@ -1,6 +1,7 @@
 #include "UI/Window/NoticeBar.h"
 
 #include "UI/InterfaceText.h"
+#include "UI/Window/ApplyNotice.h"
 
 #include <QAccessible>
 #include <QEvent>
@@ -17,22 +18,6 @@ namespace {
 
 constexpr int kMostWidth = 560;
 constexpr int kNoticeIconSize = 16;
-
-// What came of applying a font, as a notice.
-Notice noticeOf(const ApplyResult &result)
-{
-    using namespace ApplyOutcome;
-    if (const auto *applied = std::get_if<Applied>(&result)) {
-        const QString text =
-            uiCount("Police appliquée à %1 élément.", "Police appliquée à %1 éléments.", applied->count);
-        return {(applied->note ? text + u' ' + shown(*applied->note) : text).toStdString()};
-    }
-    if (const auto *failed = std::get_if<Failed>(&result))
-        return {shown(failed->message).toStdString(), true};
-    if (std::holds_alternative<NotAuthorized>(result))
-        return {uiText("Kerlune n’est pas autorisé à piloter ce logiciel.").toStdString(), true};
-    return {uiText("Le logiciel où appliquer la police n’est pas ouvert.").toStdString(), true};
-}
 
 } // namespace
 

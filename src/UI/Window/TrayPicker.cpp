@@ -38,6 +38,7 @@ TrayPicker::TrayPicker(Workspace &workspace, QWidget *parent)
     , m_quit(new QAction(this))
     , m_search(new QLineEdit)
     , m_list(new QListWidget)
+    , m_apply(new QPushButton)
     , m_copy(new QPushButton)
     , m_open(new QPushButton)
 {
@@ -50,6 +51,8 @@ TrayPicker::TrayPicker(Workspace &workspace, QWidget *parent)
     m_list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     auto *buttons = new QHBoxLayout;
+    m_apply->setObjectName(QStringLiteral("trayApply"));
+    buttons->addWidget(m_apply);
     buttons->addWidget(m_copy);
     buttons->addStretch(1);
     buttons->addWidget(m_open);
@@ -63,6 +66,7 @@ TrayPicker::TrayPicker(Workspace &workspace, QWidget *parent)
     makeMenu();
     connect(m_search, &QLineEdit::textChanged, this, &TrayPicker::fill);
     connect(m_list, &QListWidget::itemActivated, this, &TrayPicker::choose);
+    connect(m_apply, &QPushButton::clicked, this, &TrayPicker::apply);
     connect(m_copy, &QPushButton::clicked, this, &TrayPicker::copyName);
     connect(m_open, &QPushButton::clicked, this, [this] {
         hide();
@@ -100,6 +104,8 @@ void TrayPicker::retranslate()
     m_search->setPlaceholderText(uiText("Rechercher une police"));
     m_search->setAccessibleName(uiText("Rechercher une police"));
     m_list->setAccessibleName(uiText("Polices récentes et favorites"));
+    m_apply->setText(uiText("Appliquer"));
+    m_apply->setToolTip(uiText("Donne la police au texte sélectionné dans le logiciel utilisé avant Kerlune"));
     m_copy->setText(uiText("Copier le nom"));
     m_open->setText(uiText("Ouvrir Kerlune"));
     if (isVisible())
@@ -153,7 +159,8 @@ void TrayPicker::fill()
         if (m_list->item(row)->flags().testFlag(Qt::ItemIsSelectable))
             m_list->setCurrentRow(row);
     }
-    m_copy->setEnabled(m_list->currentRow() >= 0);
+    for (QPushButton *button : {m_apply, m_copy})
+        button->setEnabled(m_list->currentRow() >= 0);
 }
 
 void TrayPicker::addSection(const QString &title, const std::vector<std::string> &families)
@@ -182,24 +189,49 @@ void TrayPicker::addSection(const QString &title, const std::vector<std::string>
         heading->setText(title + QStringLiteral(" · ") + uiText("aucune police"));
 }
 
-void TrayPicker::choose()
+std::optional<std::string> TrayPicker::currentName() const
 {
     const QListWidgetItem *item = m_list->currentItem();
     if (item == nullptr || item->data(Qt::UserRole).isNull())
+        return std::nullopt;
+    return item->data(Qt::UserRole).toString().toStdString();
+}
+
+void TrayPicker::choose()
+{
+    const auto name = currentName();
+    if (!name)
         return;
     hide();
-    Q_EMIT familyChosen(item->data(Qt::UserRole).toString());
+    Q_EMIT familyChosen(QString::fromStdString(*name));
 }
 
 void TrayPicker::copyName()
 {
-    const QListWidgetItem *item = m_list->currentItem();
-    if (item == nullptr || item->data(Qt::UserRole).isNull())
+    const auto name = currentName();
+    if (!name)
         return;
-    const std::string name = item->data(Qt::UserRole).toString().toStdString();
-    QGuiApplication::clipboard()->setText(shown(name));
-    m_workspace.state().noteUsed(name);
+    QGuiApplication::clipboard()->setText(shown(*name));
+    m_workspace.state().noteUsed(*name);
     hide();
+}
+
+void TrayPicker::apply()
+{
+    const auto name = currentName();
+    if (!name)
+        return;
+    hide();
+    m_workspace.select({*name});
+    m_workspace.state().applyCurrentToFrontmost();
+}
+
+void TrayPicker::tell(const Notice &notice)
+{
+    constexpr int kShownFor = 5'000; // milliseconds
+    if (m_tray.isVisible())
+        m_tray.showMessage(QStringLiteral("Kerlune"), shown(notice.text),
+                           notice.isError ? QSystemTrayIcon::Warning : QSystemTrayIcon::Information, kShownFor);
 }
 
 // The arrows move in the list while one types.

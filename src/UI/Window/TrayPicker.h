@@ -28,6 +28,7 @@ public:
 
     bool isTrayShown() const { return m_tray.isVisible(); }
     void popUp();
+    void tell(const Notice &notice); // by the desktop, for who has no window of Kerlune before them
 
 Q_SIGNALS:
     void familyChosen(const QString &family);
@@ -46,6 +47,8 @@ private:
     void addSection(const QString &title, const std::vector<std::string> &families);
     void choose();
     void copyName();
+    void apply();
+    std::optional<std::string> currentName() const;
 
     Workspace &m_workspace;
     QSystemTrayIcon m_tray;
@@ -55,6 +58,7 @@ private:
     QAction *m_quit;
     QLineEdit *m_search;
     QListWidget *m_list;
+    QPushButton *m_apply;
     QPushButton *m_copy;
     QPushButton *m_open;
     std::vector<QPropertyNotifier> m_observers;

@@ -54,6 +54,11 @@ WindowMenus::WindowMenus(Workspace &workspace, MainWindow &window, Parts parts)
     retranslate();
 }
 
+ApplyActions *WindowMenus::applyActions() const
+{
+    return m_fontCommands->applyActions();
+}
+
 QMenu *WindowMenus::fontMenu() const
 {
     return m_fontCommands->menu();

@@ -14,6 +14,7 @@ class QMenu;
 
 namespace kerlune {
 
+class ApplyActions;
 class BackupActions;
 class BrowserPane;
 class FilterBar;
@@ -38,6 +39,7 @@ public:
 
     WindowMenus(Workspace &workspace, MainWindow &window, Parts parts);
 
+    ApplyActions *applyActions() const;
     QMenu *fontMenu() const; // what can be done with the selected families
 
     // For the sheet of shortcuts.

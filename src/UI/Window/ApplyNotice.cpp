@@ -1,0 +1,17 @@
+#include "UI/Window/ApplyNotice.h"
+
+#include "UI/InterfaceText.h"
+
+namespace kerlune {
+
+Notice noticeOf(const ApplyResult &result)
+{
+    const auto *applied = std::get_if<ApplyOutcome::Applied>(&result);
+    if (applied == nullptr)
+        return {failureMessage(result), true};
+    const QString count = uiCount("Police appliquée à %1 élément.", "Police appliquée à %1 éléments.", applied->count);
+    const QString text = uiText("%1 : %2", {shown(displayName(applied->target)), count});
+    return {(applied->note ? text + u' ' + shown(*applied->note) : text).toStdString()};
+}
+
+} // namespace kerlune
