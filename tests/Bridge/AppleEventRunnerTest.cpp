@@ -1,6 +1,7 @@
 #include "Bridge/AppleEventRunner.h"
 
 #include "Bridge/ResumeOnce.h"
+#include "MadeScriptEngine.h"
 #include "Platform/Linux/NoScriptEngine.h"
 
 #include <QCoroTask>
@@ -18,20 +19,9 @@ using Descriptor = ScriptEngine::Descriptor;
 using Error = ScriptEngine::Error;
 using Returns = AppleEventRunner::Returns;
 
-class MadeEngine final : public ScriptEngine {
-public:
-    explicit MadeEngine(std::function<Result(const std::string &)> answer)
-        : m_answer(std::move(answer))
-    {}
-    Result run(const std::string &source) override { return m_answer(source); }
-
-private:
-    std::function<Result(const std::string &)> m_answer;
-};
-
 ScriptOutcome outcomeOf(const ScriptEngine::Result &result, Returns returns)
 {
-    MadeEngine engine([&](const std::string &) { return result; });
+    MadeScriptEngine engine([&](const std::string &) { return result; });
     AppleEventRunner runner(engine);
     return QCoro::waitFor(runner.run("script", returns));
 }
@@ -72,7 +62,7 @@ TEST(AppleEventRunner, RunsOneScriptAtATimeInOrderOffTheMainThread)
     std::atomic<int> running = 0;
     int most = 0;
     bool isMainThread = false;
-    MadeEngine engine([&](const std::string &source) -> ScriptEngine::Result {
+    MadeScriptEngine engine([&](const std::string &source) -> ScriptEngine::Result {
         most = std::max(most, ++running);
         isMainThread = isMainThread || QThread::currentThread() == QCoreApplication::instance()->thread();
         std::this_thread::yield();

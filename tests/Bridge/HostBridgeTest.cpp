@@ -80,7 +80,8 @@ TEST(HostBridge, MessagesNameTheHost)
 TEST(HostBridge, AppliesToTheHostThatWasInFrontLast)
 {
     NoScriptEngine engine;
-    const HostBridge::Places places{.scripts = std::string(KERLUNE_RESOURCES) + "/Bridge", .resolve = "/nowhere"};
+    const HostBridge::Places places{.scripts = std::string(KERLUNE_RESOURCES) + "/Bridge",
+                                    .resolve = [] { return "/nowhere"; }};
     HostBridge none(engine, places, [] { return std::vector<HostApp>(); });
     const ApplyResult result = QCoro::waitFor(none.applyToFrontmost(kRecord));
     EXPECT_THAT(failureMessage(result), StartsWith("Aucune application compatible n'est lancée (Photoshop, "));
@@ -110,6 +111,9 @@ TEST(HostApp, IsFoundByAnyOfItsNames)
     }
     EXPECT_EQ(hostNamed("AfterEffects"), HostApp::afterEffects);
     EXPECT_EQ(hostNamed("davinci-resolve"), HostApp::davinciResolve);
+    EXPECT_EQ(hostOf({"resolve", "resolve"}), HostApp::davinciResolve);
+    EXPECT_EQ(hostOf({"", "Photoshop.exe"}), HostApp::photoshop);
+    EXPECT_EQ(hostOf({"", ""}), std::nullopt);
     for (const char *none : {"", "word", "photoshop2", "photo shop x"})
         EXPECT_EQ(hostNamed(none), std::nullopt) << none;
 }
@@ -129,9 +133,10 @@ TEST(HostApp, CommandsCarryTheScriptAsOneString)
 
 TEST(ScriptText, FillsEachPlaceOfATemplateOnce)
 {
-    EXPECT_EQ(filledTemplate(R"(f("__PSNAME__", "__UNDO_NAME__", "__PSNAME__") _PSNAME__)", "a\"__UNDO_NAME__",
-                             "__PSNAME__\\\r\n\u2028\x01"),
-              R"(f("a\"__UNDO_NAME__", "__PSNAME__\\\n\u2028\u0001", "a\"__UNDO_NAME__") _PSNAME__)");
+    EXPECT_EQ(
+        filledTemplate(R"(f("__PSNAME__", "__UNDO_NAME__", "__PSNAME__") _PSNAME__)",
+                       {{kPostScriptNamePlace, "a\"__UNDO_NAME__"}, {kUndoNamePlace, "__PSNAME__\\\r\n\u2028\x01"}}),
+        R"(f("a\"__UNDO_NAME__", "__PSNAME__\\\n\u2028\u0001", "a\"__UNDO_NAME__") _PSNAME__)");
 }
 
 } // namespace

@@ -108,9 +108,11 @@ ScriptEngine::Result ModelEngine::run(const std::string &source)
 {
     script = readAppleScript(source);
     try {
-        const auto javaScript = std::find_if(script.begin() + 4, script.end(), [](const AppleScriptToken &token) {
-            return token.kind == AppleScriptToken::Kind::String; // the first after: tell application id "…"
-        });
+        const auto isString = [](const AppleScriptToken &token) {
+            return token.kind == AppleScriptToken::Kind::String;
+        };
+        const auto host = std::find_if(script.begin(), script.end(), isString);
+        const auto javaScript = std::find_if(host + 1, script.end(), isString);
         return Descriptor{m_host.eval(javaScript->text)};
     } catch (const std::exception &error) {
         return Error{-2753, error.what()};

@@ -75,11 +75,14 @@ TEST(HostScripts, HoldTheirPlacesOnlyAsWholeLiterals)
     for (const char *name : {"photoshop", "illustrator", "indesign", "afterEffects"}) {
         const std::string script = readFile(std::string(KERLUNE_RESOURCES) + "/Bridge/" + name + ".jsx");
         EXPECT_THAT(script, HasSubstr("\"__PSNAME__\";")) << name;
-        for (const std::string place : {"__PSNAME__", "__UNDO_NAME__"}) {
-            for (std::size_t at = 0; (at = script.find(place, at)) != std::string::npos; ++at)
-                EXPECT_EQ(script.substr(at - 1, place.size() + 2), '"' + place + '"') << name;
+        const std::string fonts = readFile(std::string(KERLUNE_RESOURCES) + "/Bridge/" + name + ".fonts.jsx");
+        EXPECT_THAT(fonts, HasSubstr("\"__DOCUMENTS__\".split")) << name;
+        const std::string both = script + fonts;
+        for (const std::string place : {"__PSNAME__", "__UNDO_NAME__", "__DOCUMENTS__"}) {
+            for (std::size_t at = 0; (at = both.find(place, at)) != std::string::npos; ++at)
+                EXPECT_EQ(both.substr(at - 1, place.size() + 2), '"' + place + '"') << name;
         }
-        EXPECT_TRUE(std::all_of(script.begin(), script.end(), [](char c) { return c > 0; })) << name << ": ASCII";
+        EXPECT_TRUE(std::all_of(both.begin(), both.end(), [](char c) { return c > 0; })) << name << ": ASCII";
     }
 }
 

@@ -35,7 +35,7 @@ protected:
     ApplyResult apply(const json &state, const std::string &family = "Inter", const std::string &style = "Bold")
     {
         writeFile(m_model, state.dump());
-        HostBridge bridge(m_engine, {.scripts = m_scripts, .resolve = m_home.path()}, {});
+        HostBridge bridge(m_engine, {.scripts = m_scripts, .resolve = [this] { return m_home.path(); }}, {});
         FontRecord record;
         record.postScriptName = "Inter-Bold";
         record.family = family;

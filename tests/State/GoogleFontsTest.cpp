@@ -42,8 +42,8 @@ protected:
 
     std::unique_ptr<AppState> open()
     {
-        return std::make_unique<AppState>(AppState::Surroundings{m_catalog, m_registry, m_events, m_scripts, m_front, m_directories},
-                                          kQuickRefresh);
+        return std::make_unique<AppState>(
+            AppState::Surroundings{m_catalog, m_registry, m_events, m_scripts, m_front, m_directories}, kQuickRefresh);
     }
     static json catalogOf(const std::vector<std::string> &names)
     {

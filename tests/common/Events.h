@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QThreadPool>
 #include <QTimer>
 
+#include <chrono>
 #include <functional>
 
 namespace kerlune {
@@ -33,6 +35,14 @@ inline void finishBackgroundWork()
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
+}
+
+// Runs the event loop for that long: for what must not happen.
+inline void letPass(std::chrono::milliseconds time)
+{
+    const QDeadlineTimer deadline(time);
+    while (!deadline.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 1);
 }
 
 } // namespace kerlune

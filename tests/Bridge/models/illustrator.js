@@ -27,6 +27,23 @@ function open(selection) {
     app.documents.push({selection: selection});
 }
 
+// A word without a name has a font that is missing.
+function word(name, family, style) {
+    var attributes = {textFont: {name: name, family: family, style: style}};
+    if (name === null) {
+        defineProperty(attributes, "textFont", {get: function () { throw new Error("No such element"); }});
+    }
+    return {characterAttributes: attributes};
+}
+
+function openNamed(name, xmp, frames) {
+    var textFrames = [];
+    for (var i = 0; i < frames.length; i++) {
+        textFrames.push({words: frames[i]});
+    }
+    app.documents.push({name: name, XMPString: xmp, textFrames: textFrames});
+}
+
 function fontOf(range) {
     return range.characterAttributes.textFont.name;
 }

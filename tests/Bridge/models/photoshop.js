@@ -53,7 +53,42 @@ function fontsOf(ids) {
     return fonts.join(" ");
 }
 
-function ActionReference() {}
+function openNamed(id, name, layers) {
+    app.documents.push({id: id, name: name, layers: layers});
+}
+
+// A text in several styles, each a tree of what differs from the one that it is based on.
+function withStretches(layer, stretches) {
+    layer.textStyleRange = stretches;
+    return layer;
+}
+
+function descriptor(values) {
+    return {
+        hasKey: function (key) { return values.hasOwnProperty(key); },
+        getString: function (key) { return values[key]; },
+        getObjectValue: function (key) { return descriptor(values[key]); },
+        getList: function (key) {
+            return {count: values[key].length, getObjectValue: function (i) { return descriptor(values[key][i]); }};
+        }
+    };
+}
+
+function describedLayer(documentId, layerId) {
+    for (var i = 0; i < app.documents.length; i++) {
+        if (app.documents[i].id == documentId) {
+            return layerOf(app.documents[i].layers, layerId);
+        }
+    }
+    return null;
+}
+
+function ActionReference() {
+    this.identifiers = {};
+}
+ActionReference.prototype.putIdentifier = function (type, identifier) {
+    this.identifiers[type] = identifier;
+};
 ActionReference.prototype.putEnumerated = function (type, enumeration, value) {
     this.isFrontDocument = type == "Dcmn" && enumeration == "Ordn" && value == "Trgt";
 };
@@ -64,6 +99,10 @@ var app = {
     charIDToTypeID: function (id) { return id; },
     stringIDToTypeID: function (id) { return id; },
     executeActionGet: function (reference) {
+        var layer = describedLayer(reference.identifiers["Dcmn"], reference.identifiers["Lyr "]);
+        if (layer && layer.textStyleRange) {
+            return descriptor({textKey: {textStyleRange: layer.textStyleRange}});
+        }
         if (!reference.isFrontDocument) {
             throw new Error("General Photoshop error");
         }

@@ -1,0 +1,218 @@
+#include "LibraryHome.h"
+#include "MadeFrontApplication.h"
+#include "MadeScriptEngine.h"
+#include "Platform/Linux/FontconfigCatalog.h"
+#include "Platform/Linux/InotifyEventStream.h"
+#include "State/AppState.h"
+
+#include <mutex>
+
+namespace kerlune {
+namespace {
+
+using namespace ApplyOutcome;
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+using testing::StartsWith;
+
+constexpr AppState::Delays kQuickShuffle{.registryRefresh = 20ms,
+                                         .folderRescan = 20ms,
+                                         .notice = 1h,
+                                         .errorNotice = 1h,
+                                         .applied = 1h,
+                                         .notApplied = 1h,
+                                         .foreignChanges = 1h,
+                                         .shuffle = 1ms,
+                                         .missingFonts = 2ms};
+
+// The state with one font of the system, two of a watched folder, and hosts that answer as a test says.
+class HostCommandsTest : public LibraryHome {
+protected:
+    HostCommandsTest()
+    {
+        put("data/fonts/system.ttf");
+        m_italic = put("Polices/b.ttf", "italic.ttf");
+        m_mono = put("Polices/c.ttf", "mono-post.ttf");
+        m_state = std::make_unique<AppState>(
+            AppState::Surroundings{m_catalog, m_registry, m_events, m_scripts, m_front, m_directories}, kQuickShuffle);
+        QCoro::waitFor(m_state->load());
+        QCoro::waitFor(m_state->folderLibrary().add(m_home / "Polices"));
+        QCoro::waitFor(m_state->refreshRegisteredFonts());
+    }
+    ~HostCommandsTest() override
+    {
+        m_state.reset();
+        finishBackgroundWork();
+    }
+
+    void answer(ScriptEngine::Result result)
+    {
+        const std::scoped_lock lock(m_mutex);
+        m_answer = std::move(result);
+    }
+    FontRecordPointer faceOf(const std::string &file) const
+    {
+        for (const FontRecordPointer &face : m_state->allRecords()) {
+            if (face->filePath == file)
+                return face;
+        }
+        return nullptr;
+    }
+    void select(const FontRecordPointer &face)
+    {
+        m_state->selectedFamily = face->family;
+        m_state->selectedFace = face->postScriptName;
+    }
+    std::size_t countOfScriptsWith(const std::string &text) const
+    {
+        const auto sources = m_scripts.sources();
+        return static_cast<std::size_t>(std::count_if(sources.begin(), sources.end(), [&](const std::string &source) {
+            return source.find(text) != std::string::npos;
+        }));
+    }
+
+    std::mutex m_mutex;
+    ScriptEngine::Result m_answer = ScriptEngine::Descriptor{"OK|2"};
+    MadeScriptEngine m_scripts{[this](const std::string &) {
+        const std::scoped_lock lock(m_mutex);
+        return m_answer;
+    }};
+    MadeFrontApplication m_front;
+    FontconfigCatalog m_catalog{m_processFonts, m_directories.caches / "descriptors"};
+    InotifyEventStream m_events{{.latency = 5ms, .rootCheck = 20ms}};
+    std::string m_italic;
+    std::string m_mono;
+    std::unique_ptr<AppState> m_state;
+};
+
+TEST_F(HostCommandsTest, AppliesTheSelectedFontWhereTheUserWasLast)
+{
+    AppState &state = *m_state;
+    QCoro::waitFor(state.applyCurrentToFrontmost());
+    EXPECT_FALSE(state.applyFeedback()) << "nothing is selected";
+    select(faceOf(m_mono));
+    QCoro::waitFor(state.applyCurrentToFrontmost());
+    EXPECT_THAT(failureMessage(*state.applyFeedback()),
+                StartsWith("Aucune application compatible n'est lancée (Photoshop, "));
+
+    m_front.bring("photoshop.exe");
+    m_front.bring("InDesign.exe");
+    m_front.bring("kerlune");
+    QCoro::waitFor(state.applyCurrentToFrontmost());
+    EXPECT_EQ(state.applyFeedback(), ApplyResult(Applied{2, HostApp::indesign}));
+    EXPECT_THAT(m_scripts.sources().back(), HasSubstr(faceOf(m_mono)->postScriptName));
+    EXPECT_THAT(state.recents(), ElementsAre(faceOf(m_mono)->family));
+    EXPECT_THAT(linked(), ElementsAre(m_mono)) << "a host knows only what every program is shown";
+
+    answer(ScriptEngine::Error{-600, ""});
+    select(faceOf(m_italic));
+    QCoro::waitFor(state.applyCurrent(HostApp::photoshop));
+    EXPECT_EQ(state.applyFeedback(), ApplyResult(NotRunning{HostApp::photoshop}));
+    EXPECT_THAT(state.recents(), SizeIs(1));
+
+    std::filesystem::remove(m_italic);
+    const std::size_t scripts = m_scripts.sources().size();
+    QCoro::waitFor(state.applyCurrent(HostApp::photoshop));
+    EXPECT_THAT(failureMessage(*state.applyFeedback()), EndsWith(" est introuvable : " + m_italic));
+    EXPECT_THAT(m_scripts.sources(), SizeIs(scripts));
+}
+
+TEST_F(HostCommandsTest, OneApplicationWaitsForTheOtherAndTheLastOneWins)
+{
+    AppState &state = *m_state;
+    select(faceOf(m_italic));
+    auto first = state.applyCurrent(HostApp::photoshop);
+    EXPECT_TRUE(state.isApplying());
+    auto second = state.applyCurrent(HostApp::illustrator);
+    select(faceOf(m_mono));
+    auto third = state.applyCurrent(HostApp::indesign);
+    QCoro::waitFor(std::move(first));
+    EXPECT_FALSE(state.isApplying());
+    EXPECT_THAT(m_scripts.sources(), ElementsAre(HasSubstr("com.adobe.Photoshop"), HasSubstr("com.adobe.InDesign")));
+    EXPECT_THAT(m_scripts.sources().back(), HasSubstr(faceOf(m_mono)->postScriptName));
+}
+
+TEST_F(HostCommandsTest, ShuffleAppliesEachFontThatIsSelected)
+{
+    AppState &state = *m_state;
+    EXPECT_FALSE(state.startShuffle());
+    EXPECT_FALSE(state.shuffleActive());
+    m_front.bring("InDesign.exe");
+    ASSERT_TRUE(state.startShuffle());
+    EXPECT_EQ(state.shuffleTarget(), HostApp::indesign);
+    const auto &visible = state.visibleFamilies();
+    ASSERT_GE(visible.size(), 2U);
+
+    const auto isApplied = [&](const FontFamilyPointer &family) {
+        return waitUntil(
+            [&] { return !state.isApplying() && countOfScriptsWith(family->representative()->postScriptName) == 1; });
+    };
+    state.stepShuffle(1);
+    EXPECT_EQ(state.selectedFamily.value(), visible.front()->name);
+    EXPECT_TRUE(isApplied(visible.front()));
+    state.stepShuffle(-1); // before the first one comes the last one
+    EXPECT_EQ(state.selectedFamily.value(), visible.back()->name);
+    EXPECT_TRUE(isApplied(visible.back()));
+    for (int rounds = 0; rounds < 20; ++rounds) {
+        const auto before = state.selectedFamily.value();
+        state.stepShuffleAtRandom();
+        EXPECT_NE(state.selectedFamily.value(), before);
+    }
+
+    answer(ScriptEngine::Error{-609, ""});
+    EXPECT_TRUE(waitUntil([&] { return !state.shuffleActive(); })) << "the host has gone";
+    EXPECT_EQ(state.applyFeedback(), ApplyResult(NotRunning{HostApp::indesign}));
+    const std::size_t scripts = m_scripts.sources().size();
+    select(faceOf(m_mono));
+    letPass(20ms);
+    EXPECT_THAT(m_scripts.sources(), SizeIs(scripts));
+}
+
+TEST_F(HostCommandsTest, ShowsTheFontsOfADocumentThatTheLibraryHolds)
+{
+    AppState &state = *m_state;
+    const FontRecordPointer mono = faceOf(m_mono);
+    const FontRecordPointer italic = faceOf(m_italic);
+    const auto activate = [&](std::vector<UsedFont> fonts) {
+        QCoro::waitFor(state.activateMissingFonts(std::move(fonts), {"a.indd", "b.indd"}, HostApp::indesign));
+    };
+    activate({{mono->postScriptName}, {"", italic->family, italic->style}});
+    EXPECT_THAT(linked(), testing::UnorderedElementsAre(m_italic, m_mono));
+    ASSERT_TRUE(state.notice());
+    EXPECT_FALSE(state.notice()->isError);
+    EXPECT_THAT(state.notice()->text, HasSubstr(italic->family + ' ' + italic->style));
+
+    state.dismissNotice();
+    activate({{mono->postScriptName}});
+    EXPECT_FALSE(state.notice()) << "it is shown already";
+
+    std::vector<UsedFont> many{{mono->postScriptName}, {"Lost-Bold", "Lost", "Bold"}, {"", "Gone"}};
+    for (int i = 0; i < 8; ++i)
+        many.push_back({"More" + std::to_string(i)});
+    activate(many);
+    EXPECT_EQ(state.notice(), (Notice{"« a.indd, b.indd » utilise des polices introuvables sur ce Mac : Lost Bold, "
+                                      "Gone, More0, More1, More2, More3 et 4 autres",
+                                      true}));
+    EXPECT_THAT(linked(), SizeIs(2)) << "nothing is taken back";
+}
+
+TEST_F(HostCommandsTest, WatchesTheHostInFrontWhenTheSettingsWantIt)
+{
+    m_front.bring("photoshop.exe");
+    EXPECT_TRUE(waitUntil([&] { return countOfScriptsWith("every document") > 2; }));
+    {
+        Preferences preferences(m_directories);
+        preferences.autoActivateMissingFonts = false;
+    }
+    letPass(20ms);
+    const std::size_t scripts = m_scripts.sources().size();
+    letPass(30ms);
+    EXPECT_THAT(m_scripts.sources(), SizeIs(scripts));
+}
+
+} // namespace
+} // namespace kerlune
