@@ -4,6 +4,18 @@
     <context>
         <name>Kerlune</name>
         <message>
+            <source>Le raccourci %1 est déjà pris par un autre logiciel.</source>
+            <translation>Another program has taken the shortcut %1.</translation>
+        </message>
+        <message>
+            <source>Le raccourci %1 n’a pas été autorisé.</source>
+            <translation>The shortcut %1 was not allowed.</translation>
+        </message>
+        <message>
+            <source>Cette session n’offre pas de raccourci global : %1 ne peut pas appliquer la police choisie.</source>
+            <translation>This session offers no global shortcuts: %1 cannot apply the selected font.</translation>
+        </message>
+        <message>
             <source>Écriture de « %1 » impossible : %2</source>
             <translation>“%1” cannot be written: %2</translation>
         </message>
@@ -22,6 +34,10 @@
         <message>
             <source>« kerlune --help » donne les commandes.</source>
             <translation>“kerlune --help” lists the commands.</translation>
+        </message>
+        <message>
+            <source>Appliquer la police sélectionnée</source>
+            <translation>Apply the selected font</translation>
         </message>
         <message>
             <source>Script « %1.jsx » introuvable dans l'app.</source>
@@ -2670,6 +2686,25 @@
             <source>« %1 » retirée. Les fichiers sont dans la Corbeille.</source>
             <translation>“%1” removed. The files are in the trash.</translation>
         </message>
+        <message numerus="yes">
+            <source>et %1 autres</source>
+            <translation>
+                <numerusform>and %1 other</numerusform>
+                <numerusform>and %1 others</numerusform>
+            </translation>
+        </message>
+        <message>
+            <source>Le fichier de la police « %1 » est introuvable : %2</source>
+            <translation>The file of the font “%1” cannot be found: %2</translation>
+        </message>
+        <message>
+            <source>Polices activées pour %1 : %2.</source>
+            <translation>Fonts activated for %1: %2.</translation>
+        </message>
+        <message>
+            <source>« %1 » utilise des polices introuvables sur ce Mac : %2</source>
+            <translation>“%1” uses fonts that cannot be found on this Mac: %2</translation>
+        </message>
         <message>
             <source>Lecture de l'index…</source>
             <translation>Reading the index…</translation>
@@ -4112,6 +4147,50 @@ Free software under the MIT license.</translation>
             <translation>Close</translation>
         </message>
         <message>
+            <source>Appliquer</source>
+            <translation>Apply</translation>
+        </message>
+        <message>
+            <source>Appliquer à la sélection</source>
+            <translation>Apply to Selection</translation>
+        </message>
+        <message>
+            <source>Donne la police choisie au texte sélectionné dans le logiciel utilisé avant Kerlune</source>
+            <translation>Gives the selected font to the text selected in the program that was used before Kerlune</translation>
+        </message>
+        <message>
+            <source>Appliquer dans %1</source>
+            <translation>Apply in %1</translation>
+        </message>
+        <message>
+            <source>Change : %1</source>
+            <translation>Changes: %1</translation>
+        </message>
+        <message>
+            <source>Essai en direct</source>
+            <translation>Live Trial</translation>
+        </message>
+        <message>
+            <source>Appliquer chaque police choisie</source>
+            <translation>Apply Each Selected Font</translation>
+        </message>
+        <message>
+            <source>Police suivante</source>
+            <translation>Next Font</translation>
+        </message>
+        <message>
+            <source>Police précédente</source>
+            <translation>Previous Font</translation>
+        </message>
+        <message>
+            <source>Police au hasard</source>
+            <translation>Random Font</translation>
+        </message>
+        <message>
+            <source>%1 : %2</source>
+            <translation>%1: %2</translation>
+        </message>
+        <message>
             <source>Sauvegardes de Kerlune (*.json)</source>
             <translation>Kerlune Backups (*.json)</translation>
         </message>
@@ -4220,14 +4299,6 @@ Free software under the MIT license.</translation>
         <message>
             <source>Ajouter un dossier de polices</source>
             <translation>Add a Font Folder</translation>
-        </message>
-        <message>
-            <source>Kerlune n’est pas autorisé à piloter ce logiciel.</source>
-            <translation>Kerlune is not allowed to control this program.</translation>
-        </message>
-        <message>
-            <source>Le logiciel où appliquer la police n’est pas ouvert.</source>
-            <translation>The program in which the font is to be applied is not running.</translation>
         </message>
         <message>
             <source>Erreur : %1</source>
@@ -4486,6 +4557,14 @@ Free software under the MIT license.</translation>
             <translation>Keyboard Shortcuts</translation>
         </message>
         <message>
+            <source>Essai en direct : chaque police choisie est appliquée dans %1.</source>
+            <translation>Live trial: each selected font is applied in %1.</translation>
+        </message>
+        <message>
+            <source>Arrêter l’essai en direct</source>
+            <translation>Stop the live trial</translation>
+        </message>
+        <message>
             <source>lecture du catalogue…</source>
             <translation>reading the catalogue…</translation>
         </message>
@@ -4511,6 +4590,10 @@ Free software under the MIT license.</translation>
         <message>
             <source>Rechercher une police</source>
             <translation>Search for a font</translation>
+        </message>
+        <message>
+            <source>Donne la police au texte sélectionné dans le logiciel utilisé avant Kerlune</source>
+            <translation>Gives the font to the text selected in the program that was used before Kerlune</translation>
         </message>
         <message>
             <source>Polices trouvées</source>

@@ -21,7 +21,7 @@ std::string textOf(HotKeys::Failure failure)
     case HotKeys::Failure::Unavailable:
         break;
     }
-    return localized("Cette session n’offre pas de raccourci global : %1 ne peut pas appliquer la police choisie.",
+    return localized("Cette session n’offre pas de raccourci global : %1 ne peut pas appliquer la police choisie.",
                      {kShownKey});
 }
 

@@ -191,6 +191,7 @@ public:
     const std::optional<FontIndexStore::StoreError> &storeError() const { return m_storeError; }
 
     // Loading.
+    void readAhead();                       // begins to read what is stored, for the load() that follows
     QCoro::Task<> load();                   // a second one while one runs returns at once
     QCoro::Task<> rebuildIndex();           // likewise
     void cancelIndexing();                  // where canCancelIndexing
@@ -361,6 +362,7 @@ private:
     Debounce m_noticeDismissal;
     Debounce m_feedbackDismissal;
     std::vector<QPropertyNotifier> m_observers;
+    std::optional<QFuture<std::shared_ptr<const LoadedLibrary>>> m_readAhead;
     std::stop_source m_indexing;
     QThreadPool m_pool; // the last one: it waits for what still runs
 };

@@ -58,7 +58,7 @@ QCoro::Task<std::optional<std::string>> AppState::preflight(FontRecordPointer fa
 {
     const QPointer<AppState> self(this);
     if (!isFileThere(face->filePath)) {
-        co_return localized("Le fichier de la police « %1 » est introuvable : %2",
+        co_return localized("Le fichier de la police « %1 » est introuvable : %2",
                             {face->family + ' ' + face->style, face->filePath});
     }
     if (!m_folders.isInFolder(face->filePath) || m_activation.activePaths().contains(face->filePath))
@@ -228,7 +228,7 @@ QCoro::Task<> AppState::activateMissingFonts(std::vector<UsedFont> fonts, std::v
         co_return;
     std::string text;
     if (!activated.empty())
-        text = localized("Polices activées pour %1 : %2.", {displayName(host), listed(activated)});
+        text = localized("Polices activées pour %1 : %2.", {displayName(host), listed(activated)});
     if (!missing.empty()) {
         text += (text.empty() ? "" : "\n") + localized("« %1 » utilise des polices introuvables sur ce Mac : %2",
                                                        {listed(documents), listed(missing)});

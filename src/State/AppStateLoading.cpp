@@ -130,9 +130,18 @@ void AppState::finishIndexing()
     isIndexing.set(false);
 }
 
+void AppState::readAhead()
+{
+    if (m_store != nullptr && !m_readAhead && m_store->indexedCount() != 0)
+        m_readAhead = QtConcurrent::run(&m_pool, [store = m_store] { return storedLibrary(*store); });
+}
+
+// What is stored is read while the fonts on offer are counted: most often it serves.
 QCoro::Task<> AppState::readRecords(StoredIndex storedIndex)
 {
     const QPointer<AppState> self(this);
+    if (storedIndex == StoredIndex::MayServe)
+        readAhead();
     const auto counting = QtConcurrent::run(&m_pool, [&catalog = m_catalog] { return countFonts(catalog); });
     const Offer offer = co_await counting;
     if (!self)
@@ -150,14 +159,20 @@ QCoro::Task<> AppState::readRecords(StoredIndex storedIndex)
         if (!self || isRead)
             co_return;
     }
+    m_readAhead.reset();
     co_await index(offer.count);
 }
 
 QCoro::Task<bool> AppState::readStoredRecords()
 {
     const QPointer<AppState> self(this);
-    const auto reading = QtConcurrent::run(&m_pool, [store = m_store] { return storedLibrary(*store); });
+    readAhead();
+    if (!m_readAhead)
+        co_return false; // another process has emptied it
+    const auto reading = *m_readAhead;
     const Library stored = co_await reading;
+    if (self)
+        m_readAhead.reset();
     if (!self || stored == nullptr)
         co_return false;
     publish(stored);

@@ -117,7 +117,7 @@ TEST_F(HostCommandsTest, AppliesTheSelectedFontWhereTheUserWasLast)
     std::filesystem::remove(m_italic);
     const std::size_t scripts = m_scripts.sources().size();
     QCoro::waitFor(state.applyCurrent(HostApp::photoshop));
-    EXPECT_THAT(failureMessage(*state.applyFeedback()), EndsWith(" est introuvable : " + m_italic));
+    EXPECT_THAT(failureMessage(*state.applyFeedback()), EndsWith(" est introuvable : " + m_italic));
     EXPECT_THAT(m_scripts.sources(), SizeIs(scripts));
 }
 

@@ -69,7 +69,7 @@ void ApplyActions::retranslate()
         uiText("Donne la police choisie au texte sélectionné dans le logiciel utilisé avant Kerlune"));
     for (const auto &[host, action] : m_toHosts) {
         action->setText(uiText("Appliquer dans %1", {shown(displayName(host))}));
-        action->setToolTip(uiText("Change : %1", {shown(selectionDescription(host))}));
+        action->setToolTip(uiText("Change : %1", {shown(selectionDescription(host))}));
     }
     m_shuffleMenu->setTitle(uiText("Essai en direct"));
     m_shuffle->setText(uiText("Appliquer chaque police choisie"));

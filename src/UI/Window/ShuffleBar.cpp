@@ -60,7 +60,7 @@ void ShuffleBar::refresh()
     setVisible(state.shuffleActive());
     if (const auto target = state.shuffleTarget())
         m_text->setText(
-            uiText("Essai en direct : chaque police choisie est appliquée dans %1.", {shown(displayName(*target))}));
+            uiText("Essai en direct : chaque police choisie est appliquée dans %1.", {shown(displayName(*target))}));
     name(*m_previous, uiText("Police précédente"));
     name(*m_next, uiText("Police suivante"));
     name(*m_random, uiText("Police au hasard"));
