@@ -1,15 +1,12 @@
 // Lists the faces of a font file made of the fuzzer's bytes, and reads a record and some outlines from each.
 
+#include "FuzzedFile.h"
 #include "Model/FontIndexer.h"
 #include "Platform/Font.h"
 #include "Platform/FontMetrics.h"
 
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 #include <string>
 
 namespace {
@@ -42,11 +39,7 @@ void readFace(const kerlune::FontDescriptor &descriptor)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *bytes, std::size_t size)
 {
-    static const int file = memfd_create("font", MFD_CLOEXEC);
-    static const std::string path = "/proc/self/fd/" + std::to_string(file);
-    if (ftruncate(file, 0) != 0 || pwrite(file, bytes, size, 0) != static_cast<ssize_t>(size))
-        std::abort();
-    const auto fonts = kerlune::fontsOfFile(path).fonts;
+    const auto fonts = kerlune::fontsOfFile(kerlune::fuzzedFile(bytes, size)).fonts;
     for (std::size_t i = 0; i < fonts.size() && i < kMostFaces; ++i)
         readFace(fonts[i]);
     return 0;

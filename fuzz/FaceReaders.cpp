@@ -1,14 +1,11 @@
 // Reads the characters, features and axes of each face of a font file made of the fuzzer's bytes.
 
+#include "FuzzedFile.h"
 #include "Platform/FaceAxes.h"
 #include "Platform/FaceContents.h"
 #include "Platform/FaceFeatures.h"
 
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 
 namespace {
@@ -40,10 +37,7 @@ void readFace(const std::string &path, std::uint32_t faceIndex)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *bytes, std::size_t size)
 {
-    static const int file = memfd_create("font", MFD_CLOEXEC);
-    static const std::string path = "/proc/self/fd/" + std::to_string(file);
-    if (ftruncate(file, 0) != 0 || pwrite(file, bytes, size, 0) != static_cast<ssize_t>(size))
-        std::abort();
+    const std::string &path = kerlune::fuzzedFile(bytes, size);
     for (std::uint32_t i = 0; i < kMostFaces; ++i)
         readFace(path, i);
     return 0;

@@ -1,12 +1,9 @@
 // Shapes and draws a few lines in each face of a font file made of the fuzzer's bytes.
 
+#include "FuzzedFile.h"
 #include "Platform/LineDrawing.h"
 
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 
 namespace {
@@ -41,10 +38,7 @@ void drawFace(const std::string &path, std::uint32_t faceIndex)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *bytes, std::size_t size)
 {
-    static const int file = memfd_create("font", MFD_CLOEXEC);
-    static const std::string path = "/proc/self/fd/" + std::to_string(file);
-    if (ftruncate(file, 0) != 0 || pwrite(file, bytes, size, 0) != static_cast<ssize_t>(size))
-        std::abort();
+    const std::string &path = kerlune::fuzzedFile(bytes, size);
     for (std::uint32_t i = 0; i < kMostFaces; ++i)
         drawFace(path, i);
     return 0;
