@@ -1,7 +1,8 @@
 // Shapes and draws a few lines in each face of a font file made of the fuzzer's bytes.
 
-#include "FuzzedFile.h"
 #include "Platform/LineDrawing.h"
+
+#include "FuzzedFile.h"
 
 #include <cstdint>
 #include <string>

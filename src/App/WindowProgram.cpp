@@ -17,12 +17,6 @@ bool apply(Theme &theme, QApplication &application)
     return true;
 }
 
-bool readAhead(AppState &state)
-{
-    state.readAhead();
-    return true;
-}
-
 // Fonts may lie in other places for the state than for its settings.
 Directories withConfiguration(Directories directories, const Directories &settings)
 {
@@ -46,7 +40,6 @@ WindowProgram::WindowProgram(QApplication &application, const ProgramParts &part
     , m_isThemeApplied(apply(m_theme, m_application))
     , m_state({parts.catalog, parts.registry, followed.events, parts.scripts, followed.front,
                withConfiguration(parts.directories, settings)})
-    , m_isReadAhead(readAhead(m_state))
     , m_workspace(m_state, m_preferences, m_theme, m_previews)
     , m_window(m_workspace)
 {

@@ -61,7 +61,6 @@ private:
     bool m_isThemeApplied; // before any widget is made
     PreviewQueue m_previews;
     AppState m_state;
-    bool m_isReadAhead; // while the widgets are made
     Workspace m_workspace;
     MainWindow m_window;
 };

@@ -191,7 +191,6 @@ public:
     const std::optional<FontIndexStore::StoreError> &storeError() const { return m_storeError; }
 
     // Loading.
-    void readAhead();                       // begins to read what is stored, for the load() that follows
     QCoro::Task<> load();                   // a second one while one runs returns at once
     QCoro::Task<> rebuildIndex();           // likewise
     void cancelIndexing();                  // where canCancelIndexing
@@ -294,6 +293,12 @@ private:
         Families families;
     };
 
+    // The stored index, being read.
+    struct StoredRead {
+        std::int64_t count; // of its records
+        QFuture<std::shared_ptr<const LoadedLibrary>> library;
+    };
+
     LibraryContext context() const;
     void readSettings();
     void saveSettings();
@@ -306,6 +311,7 @@ private:
     void publish(std::shared_ptr<const LoadedLibrary> loaded);
     void finishIndexing();
     void showProgress(int done, int total);
+    void readAhead();
     QCoro::Task<> readRecords(StoredIndex storedIndex);
     QCoro::Task<bool> readStoredRecords(); // false when there are none
     QCoro::Task<> index(std::int64_t count);
@@ -362,7 +368,7 @@ private:
     Debounce m_noticeDismissal;
     Debounce m_feedbackDismissal;
     std::vector<QPropertyNotifier> m_observers;
-    std::optional<QFuture<std::shared_ptr<const LoadedLibrary>>> m_readAhead;
+    std::optional<StoredRead> m_readAhead;
     std::stop_source m_indexing;
     QThreadPool m_pool; // the last one: it waits for what still runs
 };

@@ -9,6 +9,8 @@
 #include <QPromise>
 #include <QtConcurrentRun>
 
+#include <utility>
+
 // Reading the library at the start, indexing it, and following what the system offers.
 // A future is always named before it is awaited; see docs/decisions/0003-futures-are-named.md.
 
@@ -86,6 +88,7 @@ QCoro::Task<> AppState::load()
         return activateMissingFonts(std::move(fonts), std::move(documents), host);
     };
     m_missingFonts.start(activate);
+    readAhead();
     co_await m_activation.reapplyOnLaunch();
     if (!self)
         co_return;
@@ -130,18 +133,19 @@ void AppState::finishIndexing()
     isIndexing.set(false);
 }
 
+// What is stored is read while folders are read and the fonts on offer are counted: most often it serves. Until it has
+// been read, the store answers nothing else, and who asks it waits.
 void AppState::readAhead()
 {
-    if (m_store != nullptr && !m_readAhead && m_store->indexedCount() != 0)
-        m_readAhead = QtConcurrent::run(&m_pool, [store = m_store] { return storedLibrary(*store); });
+    const std::int64_t count = m_store->indexedCount();
+    if (count != 0)
+        m_readAhead =
+            StoredRead{count, QtConcurrent::run(&m_pool, [store = m_store] { return storedLibrary(*store); })};
 }
 
-// What is stored is read while the fonts on offer are counted: most often it serves.
 QCoro::Task<> AppState::readRecords(StoredIndex storedIndex)
 {
     const QPointer<AppState> self(this);
-    if (storedIndex == StoredIndex::MayServe)
-        readAhead();
     const auto counting = QtConcurrent::run(&m_pool, [&catalog = m_catalog] { return countFonts(catalog); });
     const Offer offer = co_await counting;
     if (!self)
@@ -151,9 +155,11 @@ QCoro::Task<> AppState::readRecords(StoredIndex storedIndex)
                              {offer.obstacle->path, describe(offer.obstacle->reason)}),
                    true});
     }
+    if (offer.obstacle && !m_readAhead)
+        readAhead();
     const bool mayServe =
-        offer.obstacle || (storedIndex == StoredIndex::MayServe && m_store->indexedCount() == offer.count);
-    if (mayServe && m_store->indexedCount() != 0) {
+        offer.obstacle || (storedIndex == StoredIndex::MayServe && m_readAhead && m_readAhead->count == offer.count);
+    if (mayServe && m_readAhead) {
         indexMessage.set(localized("Lecture de l'index…"));
         const bool isRead = co_await readStoredRecords();
         if (!self || isRead)
@@ -166,13 +172,8 @@ QCoro::Task<> AppState::readRecords(StoredIndex storedIndex)
 QCoro::Task<bool> AppState::readStoredRecords()
 {
     const QPointer<AppState> self(this);
-    readAhead();
-    if (!m_readAhead)
-        co_return false; // another process has emptied it
-    const auto reading = *m_readAhead;
+    const auto reading = std::exchange(m_readAhead, std::nullopt)->library;
     const Library stored = co_await reading;
-    if (self)
-        m_readAhead.reset();
     if (!self || stored == nullptr)
         co_return false;
     publish(stored);
