@@ -4,18 +4,6 @@
     <context>
         <name>Kerlune</name>
         <message>
-            <source>Le raccourci %1 est déjà pris par un autre logiciel.</source>
-            <translation>Another program has taken the shortcut %1.</translation>
-        </message>
-        <message>
-            <source>Le raccourci %1 n’a pas été autorisé.</source>
-            <translation>The shortcut %1 was not allowed.</translation>
-        </message>
-        <message>
-            <source>Cette session n’offre pas de raccourci global : %1 ne peut pas appliquer la police choisie.</source>
-            <translation>This session offers no global shortcuts: %1 cannot apply the selected font.</translation>
-        </message>
-        <message>
             <source>Écriture de « %1 » impossible : %2</source>
             <translation>“%1” cannot be written: %2</translation>
         </message>
@@ -245,8 +233,8 @@
             <translation>Unknown program: “%1”.</translation>
         </message>
         <message>
-            <source>Les programmes sont photoshop, illustrator, indesign, after-effects et resolve.</source>
-            <translation>The programs are photoshop, illustrator, indesign, after-effects and resolve.</translation>
+            <source>Les programmes sont : %1.</source>
+            <translation>The programs are: %1.</translation>
         </message>
         <message>
             <source>Donnez un fichier, ou « - » pour la sortie standard.</source>
@@ -4185,6 +4173,18 @@ Free software under the MIT license.</translation>
         <message>
             <source>Police au hasard</source>
             <translation>Random Font</translation>
+        </message>
+        <message>
+            <source>Le raccourci %1 est déjà pris par un autre logiciel.</source>
+            <translation>Another program has taken the shortcut %1.</translation>
+        </message>
+        <message>
+            <source>Le raccourci %1 n’a pas été autorisé.</source>
+            <translation>The shortcut %1 was not allowed.</translation>
+        </message>
+        <message>
+            <source>Cette session n’offre pas de raccourci global : %1 ne peut pas appliquer la police choisie.</source>
+            <translation>This session offers no global shortcuts: %1 cannot apply the selected font.</translation>
         </message>
         <message>
             <source>%1 : %2</source>

@@ -120,9 +120,12 @@ def closest_style(wanted, styles):
     def words(style):
         return set(style.lower().split())
 
+    def is_slanted(style):
+        return "italic" in style.lower() or "oblique" in style.lower()
+
     def distance(style):
         name = style.lower()
-        is_other_slant = ("italic" in name or "oblique" in name) != ("italic" in wanted.lower())
+        is_other_slant = is_slanted(style) != is_slanted(wanted)
         rank = UPRIGHT_STYLES.index(name) if name in UPRIGHT_STYLES else len(UPRIGHT_STYLES)
         return is_other_slant, -len(words(style) & words(wanted)), rank, style
 

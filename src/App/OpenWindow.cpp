@@ -1,6 +1,5 @@
 #include "App/OpenWindow.h"
 
-#include "App/ApplyHotKey.h"
 #include "App/WindowProgram.h"
 #include "CLI/Commands.h"
 #include "CLI/Output.h"
@@ -10,6 +9,7 @@
 #include "Platform/Linux/LinuxHotKeys.h"
 #include "Support/Debounce.h"
 #include "Support/Localization.h"
+#include "UI/Window/ApplyHotKey.h"
 #include "UI/Window/ApplyNotice.h"
 #include "UI/Window/SingleInstance.h"
 #include "UI/Window/TrayPicker.h"
@@ -125,6 +125,10 @@ int openWindow(const ProgramParts &parts, const std::vector<std::string> &paths)
     const auto feedbackObserver = state.applyFeedback.observe([&state, tellOutside] {
         if (const auto &feedback = state.applyFeedback())
             tellOutside(noticeOf(*feedback));
+    });
+    const auto noticeObserver = state.notice.observe([&state, tellOutside] {
+        if (const auto &notice = state.notice())
+            tellOutside(*notice);
     });
     LinuxHotKeys keys(localized("Appliquer la police sélectionnée"));
     std::optional<ApplyHotKey> hotKey;

@@ -29,11 +29,6 @@ std::string withTimeout(int seconds, const std::string &script)
     return "with timeout of " + std::to_string(seconds) + " seconds\n    " + script + "\nend timeout";
 }
 
-std::string tellTo(HostApp app)
-{
-    return "tell application id \"" + bundleIdentifiers(app).front() + '"';
-}
-
 std::string joinedLines(const std::vector<std::string> &lines)
 {
     std::string text;
@@ -85,17 +80,17 @@ QCoro::Task<std::optional<std::set<std::string>>> AdobeHost::documentNames()
     co_return names == nullptr ? std::nullopt : std::optional(linesOf(names->text));
 }
 
-QCoro::Task<std::vector<UsedFont>> AdobeHost::usedFonts(std::vector<std::string> documents)
+QCoro::Task<std::optional<std::vector<UsedFont>>> AdobeHost::usedFonts(std::vector<std::string> documents)
 {
     const auto script = textOfScript(m_scripts / (scriptName(m_app) + ".fonts.jsx"));
     if (!script)
-        co_return std::vector<UsedFont>();
+        co_return std::nullopt;
     const std::string javaScript = filledTemplate(*script, {{kDocumentsPlace, joinedLines(documents)}});
     const std::string command = appleScriptCommand(m_app, javaScript, HostBridge::undoName());
     std::string source = withTimeout(kFontsTimeout, tellTo(m_app) + "\n        " + command + "\n    end tell");
     const auto outcome = co_await m_runner.run(std::move(source));
     const auto *answer = std::get_if<ScriptSuccess>(&outcome);
-    co_return answer == nullptr ? std::vector<UsedFont>() : parseUsedFonts(answer->text);
+    co_return answer == nullptr ? std::nullopt : std::optional(parseUsedFonts(answer->text));
 }
 
 } // namespace kerlune

@@ -16,7 +16,7 @@ public:
 
     QCoro::Task<ApplyResult> apply(FontRecordPointer record) override;
     QCoro::Task<std::optional<std::set<std::string>>> documentNames() override;
-    QCoro::Task<std::vector<UsedFont>> usedFonts(std::vector<std::string> documents) override;
+    QCoro::Task<std::optional<std::vector<UsedFont>>> usedFonts(std::vector<std::string> documents) override;
 
 private:
     HostApp m_app;

@@ -26,10 +26,10 @@ public:
 
     // The names of its open documents; absent where it does not tell.
     virtual QCoro::Task<std::optional<std::set<std::string>>> documentNames() { co_return std::nullopt; }
-    // The fonts of these documents, those that are missing included; none where it does not tell.
-    virtual QCoro::Task<std::vector<UsedFont>> usedFonts(std::vector<std::string> /*documents*/)
+    // The fonts of these documents, those that are missing included; absent where it does not tell.
+    virtual QCoro::Task<std::optional<std::vector<UsedFont>>> usedFonts(std::vector<std::string> /*documents*/)
     {
-        co_return std::vector<UsedFont>();
+        co_return std::nullopt;
     }
 };
 

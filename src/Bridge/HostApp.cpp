@@ -144,10 +144,14 @@ std::string appleScriptCommand(HostApp host, std::string_view javaScript, std::s
     return (host == HostApp::afterEffects ? "DoScript " : "do javascript ") + text;
 }
 
+std::string tellTo(HostApp host)
+{
+    return "tell application id \"" + bundleIdentifiers(host).front() + '"';
+}
+
 std::string appleScriptFor(HostApp host, std::string_view command)
 {
-    return "tell application id \"" + bundleIdentifiers(host).front() + "\"\n    " + std::string(command) +
-           "\nend tell";
+    return tellTo(host) + "\n    " + std::string(command) + "\nend tell";
 }
 
 } // namespace kerlune

@@ -30,6 +30,7 @@ std::vector<HostApp> runningHosts(const FrontApplication &front); // the one tha
 
 // The AppleScript command that runs a JavaScript text in the host, and the script that sends it there.
 std::string appleScriptCommand(HostApp host, std::string_view javaScript, std::string_view undoName);
+std::string tellTo(HostApp host); // how a script begins that addresses it
 std::string appleScriptFor(HostApp host, std::string_view command);
 
 } // namespace kerlune

@@ -63,14 +63,14 @@ QCoro::Task<> MissingFontsWatcher::poll(HostApp host)
                         std::back_inserter(documents));
     if (documents.empty())
         co_return;
-    std::vector<UsedFont> fonts = co_await m_bridge.host(host).usedFonts(documents);
-    if (!self)
+    auto fonts = co_await m_bridge.host(host).usedFonts(documents);
+    if (!self || !fonts)
         co_return;
     const std::size_t seenBefore = m_seen[host].size();
     m_seen[host].insert(documents.begin(), documents.end());
     const bool isNews = m_seen[host].size() > seenBefore; // a poll of an earlier round may have come first
-    if (isNews && !fonts.empty())
-        co_await m_handler(std::move(fonts), std::move(documents), host);
+    if (isNews && !fonts->empty())
+        co_await m_handler(*std::move(fonts), std::move(documents), host);
 }
 
 } // namespace kerlune

@@ -29,6 +29,14 @@ void printApplied(const ApplyOutcome::Applied &applied, OutputFormat format)
         std::cout << displayText(*applied.note) << '\n';
 }
 
+std::string hostWords()
+{
+    std::string words;
+    for (const HostApp host : kHostApps)
+        words += (words.empty() ? "" : ", ") + commandWord(host);
+    return words;
+}
+
 } // namespace
 
 int runApplyCommand(const CommandContext &context, const std::vector<std::string> &words, const std::string &host,
@@ -38,10 +46,9 @@ int runApplyCommand(const CommandContext &context, const std::vector<std::string
         return reportFontNameMissing();
     const auto target = hostNamed(host);
     if (!target) {
-        return reportWrongUsage(
-            host.empty() ? localized("Donnez par --to le programme où appliquer la police.")
-                         : localized("Programme inconnu : « %1 ».", {displayText(host)}),
-            localized("Les programmes sont photoshop, illustrator, indesign, after-effects et resolve."));
+        return reportWrongUsage(host.empty() ? localized("Donnez par --to le programme où appliquer la police.")
+                                             : localized("Programme inconnu : « %1 ».", {displayText(host)}),
+                                localized("Les programmes sont : %1.", {hostWords()}));
     }
     const NamedFont font = NamedFont::find(context, words.front());
     if (font.record == nullptr)

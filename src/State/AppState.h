@@ -28,6 +28,7 @@
 
 #include <chrono>
 #include <optional>
+#include <set>
 #include <stop_token>
 #include <string>
 #include <utility>
@@ -225,7 +226,8 @@ public:
     QCoro::Task<> applyCurrent(HostApp target);
     QCoro::Task<> applyCurrentToFrontmost();
     // Applies the selected font and each one that is selected from now on, in the host that was in front last, where
-    // none is given. False, with feedback, when no host runs. It stops by itself when the host is out of reach.
+    // none is given. False, with feedback, when no host runs. It stops by itself when the host is out of reach. Only
+    // the last font counts as used, and stays active where it was not.
     bool startShuffle(std::optional<HostApp> target = std::nullopt);
     void stopShuffle();
     void stepShuffle(int step); // selects another visible family; after the last one comes the first
@@ -293,6 +295,12 @@ private:
         Families families;
     };
 
+    struct WantedFont {
+        FontRecordPointer face;
+        HostApp target;
+        bool isTried; // by the shuffle
+    };
+
     // The stored index, being read.
     struct StoredRead {
         std::int64_t count; // of its records
@@ -324,6 +332,8 @@ private:
     void publishCollections(Collections stored, std::map<std::string, FamilyNames> members);
     void publishSmartCollections(std::vector<SmartCollection> stored);
     QCoro::Task<std::optional<std::string>> preflight(FontRecordPointer face); // what stands in the way
+    QCoro::Task<> applyWanted(WantedFont wanted);
+    void endTrial();
     void applyShuffled();
     void selectForShuffle(std::size_t position);
     std::vector<FontRecordPointer> facesFor(const UsedFont &font) const;
@@ -343,7 +353,9 @@ private:
 
     HostBridge m_bridge;
     MissingFontsWatcher m_missingFonts;
-    std::optional<HostApp> m_wantedTarget; // of the font that is to be applied next
+    std::optional<WantedFont> m_wantedFont; // that is to be applied next
+    std::set<std::string> m_triedFiles;     // shown to every program for the shuffle alone
+    FontRecordPointer m_lastTried;          // that a host took in the shuffle
 
     std::filesystem::path m_googleCacheFile;
     std::filesystem::path m_googleInstallRoot;

@@ -77,31 +77,43 @@ QCoro::Task<ApplyResult> AppState::apply(FontRecordPointer face, HostApp target)
     if (!self || obstacle)
         co_return ApplyOutcome::Failed{obstacle.value_or(std::string()), target};
     ApplyResult result = co_await m_bridge.apply(face, target);
-    if (self && std::holds_alternative<ApplyOutcome::Applied>(result))
+    if (self && !shuffleActive() && std::holds_alternative<ApplyOutcome::Applied>(result))
         noteUsed(face->family);
     co_return result;
 }
 
-QCoro::Task<> AppState::applyCurrent(HostApp target)
+QCoro::Task<> AppState::applyWanted(WantedFont wanted)
 {
-    m_wantedTarget = target;
+    m_wantedFont = std::move(wanted);
     if (isApplying())
         co_return; // what runs takes this up when it has ended
     const QPointer<AppState> self(this);
     isApplying.set(true);
-    while (m_wantedTarget) {
-        const HostApp host = *std::exchange(m_wantedTarget, std::nullopt);
-        const FontRecordPointer face = activeRecord();
-        if (face == nullptr)
-            break;
-        ApplyResult result = co_await apply(face, host);
+    while (m_wantedFont) {
+        const WantedFont next = *std::exchange(m_wantedFont, std::nullopt);
+        const bool wasShown =
+            !m_folders.isInFolder(next.face->filePath) || m_activation.activePaths().contains(next.face->filePath);
+        ApplyResult result = co_await apply(next.face, next.target);
         if (!self)
             co_return;
+        if (next.isTried && !wasShown)
+            m_triedFiles.insert(next.face->filePath);
+        if (next.isTried && std::holds_alternative<ApplyOutcome::Applied>(result))
+            m_lastTried = next.face;
         if (isHostOutOfReach(result))
             stopShuffle();
         setApplyFeedback(std::move(result));
     }
     isApplying.set(false);
+    if (!shuffleActive())
+        endTrial();
+}
+
+QCoro::Task<> AppState::applyCurrent(HostApp target)
+{
+    const FontRecordPointer face = activeRecord();
+    if (face != nullptr)
+        co_await applyWanted({face, target, false});
 }
 
 QCoro::Task<> AppState::applyCurrentToFrontmost()
@@ -133,14 +145,31 @@ bool AppState::startShuffle(std::optional<HostApp> target)
 void AppState::stopShuffle()
 {
     m_shuffleApplying.cancel();
+    if (m_wantedFont && m_wantedFont->isTried)
+        m_wantedFont.reset();
     shuffleActive.set(false);
     shuffleTarget.set(std::nullopt);
+    if (!isApplying())
+        endTrial();
+}
+
+// Fonts that were only tried are not left shown to every program.
+void AppState::endTrial()
+{
+    if (m_lastTried != nullptr) {
+        m_triedFiles.erase(m_lastTried->filePath);
+        noteUsed(m_lastTried->family);
+    }
+    m_lastTried.reset();
+    const std::set<std::string> files = std::exchange(m_triedFiles, {});
+    setFilesActive({files.begin(), files.end()}, false);
 }
 
 void AppState::applyShuffled()
 {
-    if (shuffleActive() && shuffleTarget() && activeRecord() != nullptr)
-        applyCurrent(*shuffleTarget());
+    const FontRecordPointer face = activeRecord();
+    if (shuffleActive() && shuffleTarget() && face != nullptr)
+        applyWanted({face, *shuffleTarget(), true});
 }
 
 void AppState::selectForShuffle(std::size_t position)
@@ -198,8 +227,10 @@ std::vector<FontRecordPointer> AppState::facesFor(const UsedFont &font) const
     for (const FontFamilyPointer &each : families()) {
         if (folded(each->name) != wantedFamily)
             continue;
+        if (!font.style)
+            faces.push_back(each->representative());
         for (const FontRecordPointer &face : each->faces) {
-            if (!font.style || folded(face->style) == wantedStyle)
+            if (font.style && folded(face->style) == wantedStyle)
                 faces.push_back(face);
         }
     }
@@ -213,6 +244,7 @@ QCoro::Task<> AppState::activateMissingFonts(std::vector<UsedFont> fonts, std::v
     std::set<std::string> files;
     std::vector<std::string> activated;
     std::vector<std::string> missing;
+    bool hasFailed = false;
     const auto isShown = [this](const FontRecordPointer &face) {
         return !m_folders.isInFolder(face->filePath) || m_activation.activePaths().contains(face->filePath);
     };
@@ -223,18 +255,22 @@ QCoro::Task<> AppState::activateMissingFonts(std::vector<UsedFont> fonts, std::v
         else if (std::none_of(faces.begin(), faces.end(), isShown) && files.insert(faces.front()->filePath).second)
             activated.push_back(displayNameOf(font));
     }
-    const bool isDone = co_await setFilesActive({files.begin(), files.end()}, true); // tells itself what failed
-    if (!self || !isDone)
-        co_return;
     std::string text;
-    if (!activated.empty())
-        text = localized("Polices activées pour %1 : %2.", {displayName(host), listed(activated)});
+    if (!files.empty()) {
+        auto activating = m_activation.activate({files.begin(), files.end()});
+        const bool isDone = co_await activating;
+        if (!self)
+            co_return;
+        text = isDone ? localized("Polices activées pour %1 : %2.", {displayName(host), listed(activated)})
+                      : localized("Activation incomplète : ") + m_activation.lastError().value_or(std::string());
+        hasFailed = !isDone;
+    }
     if (!missing.empty()) {
         text += (text.empty() ? "" : "\n") + localized("« %1 » utilise des polices introuvables sur ce Mac : %2",
                                                        {listed(documents), listed(missing)});
     }
     if (!text.empty())
-        setNotice({text, !missing.empty()});
+        setNotice({text, hasFailed || !missing.empty()});
 }
 
 } // namespace kerlune

@@ -25,7 +25,7 @@ public:
     std::vector<UsedFont> fontsOf(const std::vector<std::string> &documents)
     {
         HostBridge bridge(m_engine, {.scripts = std::string(KERLUNE_RESOURCES) + "/Bridge", .resolve = {}}, {});
-        return QCoro::waitFor(bridge.host(m_app).usedFonts(documents));
+        return QCoro::waitFor(bridge.host(m_app).usedFonts(documents)).value();
     }
 
 private:

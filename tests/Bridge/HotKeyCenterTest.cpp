@@ -1,10 +1,12 @@
 #include "Bridge/HotKeyCenter.h"
 
+#include "MadeHotKeys.h"
+
 #include <QCoreApplication>
 #include <gmock/gmock.h>
 
-#include <map>
-#include <utility>
+#include <string>
+#include <vector>
 
 namespace kerlune {
 namespace {
@@ -12,30 +14,9 @@ namespace {
 using testing::IsEmpty;
 using testing::SizeIs;
 
-class MadeKeys final : public HotKeys {
-public:
-    struct Key {
-        std::uint32_t keyCode;
-        std::uint32_t modifiers;
-        Pressed pressed;
-        Failed failed;
-    };
-
-    void registerKey(std::uint32_t identifier, std::uint32_t keyCode, std::uint32_t modifiers, Pressed pressed,
-                     Failed failed) override
-    {
-        keys[identifier] = {keyCode, modifiers, std::move(pressed), std::move(failed)};
-        ++registrations;
-    }
-    void unregisterKey(std::uint32_t identifier) override { keys.erase(identifier); }
-
-    std::map<std::uint32_t, Key> keys;
-    int registrations = 0;
-};
-
 TEST(HotKeyCenter, HoldsOneKeyWithTheLastAction)
 {
-    MadeKeys keys;
+    MadeHotKeys keys;
     HotKeyCenter center;
     std::vector<std::string> runs;
     const auto run = [&runs](const char *name) { return [&runs, name] { runs.emplace_back(name); }; };
@@ -44,7 +25,7 @@ TEST(HotKeyCenter, HoldsOneKeyWithTheLastAction)
     center.registerKey(9, 0x900, run("first"));
     center.registerKey(HotKeyCenter::kKeyCode, HotKeyCenter::kModifiers, run("second"));
     ASSERT_THAT(keys.keys, SizeIs(1));
-    const MadeKeys::Key key = keys.keys.at(1);
+    const MadeHotKeys::Key key = keys.keys.at(1);
     EXPECT_EQ(key.keyCode, 9U);
     EXPECT_EQ(key.modifiers, 0x900U);
 

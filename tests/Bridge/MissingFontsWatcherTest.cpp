@@ -33,10 +33,10 @@ protected:
     ScriptEngine::Result answer(const std::string &source)
     {
         const std::scoped_lock lock(m_mutex);
-        if (!m_isAnswering)
-            return ScriptEngine::Error{-1712, "AppleEvent timed out."};
         if (source.find("get name of every document") != std::string::npos)
             return ScriptEngine::Descriptor{{}, m_documents};
+        if (!m_isAnswering)
+            return ScriptEngine::Error{-1712, "AppleEvent timed out."};
         return ScriptEngine::Descriptor{m_fonts};
     }
 

@@ -146,6 +146,7 @@ TEST_F(ResolveScript, TakesTheClosestStyleAndSaysSo)
                                                 {"Semi Bold", "SemiBold", false},
                                                 {"Black", "Regular", true},
                                                 {"Bold Italic", "Italic", true},
+                                                {"Bold Oblique", "Italic", true},
                                                 {"Condensed Bold", "Bold", true}}) {
         const ApplyResult result = apply(onFusionPage({title()}), "inter", wanted);
         const auto *applied = std::get_if<Applied>(&result);

@@ -4,6 +4,7 @@
 #include "Platform/Linux/FontconfigCatalog.h"
 #include "Platform/Linux/InotifyEventStream.h"
 #include "State/AppState.h"
+#include "State/Preferences.h"
 
 #include <mutex>
 
@@ -133,6 +134,7 @@ TEST_F(HostCommandsTest, OneApplicationWaitsForTheOtherAndTheLastOneWins)
     QCoro::waitFor(std::move(first));
     EXPECT_FALSE(state.isApplying());
     EXPECT_THAT(m_scripts.sources(), ElementsAre(HasSubstr("com.adobe.Photoshop"), HasSubstr("com.adobe.InDesign")));
+    EXPECT_THAT(m_scripts.sources().front(), HasSubstr(faceOf(m_italic)->postScriptName)) << "as it was asked for";
     EXPECT_THAT(m_scripts.sources().back(), HasSubstr(faceOf(m_mono)->postScriptName));
 }
 
@@ -157,6 +159,7 @@ TEST_F(HostCommandsTest, ShuffleAppliesEachFontThatIsSelected)
     state.stepShuffle(-1); // before the first one comes the last one
     EXPECT_EQ(state.selectedFamily.value(), visible.back()->name);
     EXPECT_TRUE(isApplied(visible.back()));
+    EXPECT_THAT(state.recents(), IsEmpty()) << "what is tried is not used yet";
     for (int rounds = 0; rounds < 20; ++rounds) {
         const auto before = state.selectedFamily.value();
         state.stepShuffleAtRandom();
@@ -170,6 +173,23 @@ TEST_F(HostCommandsTest, ShuffleAppliesEachFontThatIsSelected)
     select(faceOf(m_mono));
     letPass(20ms);
     EXPECT_THAT(m_scripts.sources(), SizeIs(scripts));
+    EXPECT_THAT(state.recents(), SizeIs(1));
+    EXPECT_TRUE(waitUntil([&] { return linked().size() <= 1; })) << "what was only tried is not left active";
+}
+
+TEST_F(HostCommandsTest, ShuffleStopsAtOnce)
+{
+    AppState &state = *m_state;
+    m_front.bring("InDesign.exe");
+    select(faceOf(m_italic));
+    auto applying = state.applyCurrent(HostApp::photoshop);
+    ASSERT_TRUE(state.startShuffle());
+    EXPECT_TRUE(waitUntil([&] { return state.isApplying(); }));
+    select(faceOf(m_mono));
+    state.stopShuffle();
+    QCoro::waitFor(std::move(applying));
+    letPass(20ms);
+    EXPECT_EQ(countOfScriptsWith(faceOf(m_mono)->postScriptName), 0U);
 }
 
 TEST_F(HostCommandsTest, ShowsTheFontsOfADocumentThatTheLibraryHolds)
@@ -198,6 +218,16 @@ TEST_F(HostCommandsTest, ShowsTheFontsOfADocumentThatTheLibraryHolds)
                                       "Gone, More0, More1, More2, More3 et 4 autres",
                                       true}));
     EXPECT_THAT(linked(), SizeIs(2)) << "nothing is taken back";
+}
+
+TEST_F(HostCommandsTest, TellsMissingFontsEvenWhenActivatingFails)
+{
+    const FontRecordPointer mono = faceOf(m_mono);
+    std::filesystem::remove(m_mono);
+    QCoro::waitFor(m_state->activateMissingFonts({{mono->postScriptName}, {"Lost"}}, {"a.psd"}, HostApp::photoshop));
+    ASSERT_TRUE(m_state->notice());
+    EXPECT_THAT(m_state->notice()->text, StartsWith("Activation incomplète : "));
+    EXPECT_THAT(m_state->notice()->text, EndsWith("« a.psd » utilise des polices introuvables sur ce Mac : Lost"));
 }
 
 TEST_F(HostCommandsTest, WatchesTheHostInFrontWhenTheSettingsWantIt)

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "LibraryHome.h"
+#include "MadeFrontApplication.h"
+#include "MadeScriptEngine.h"
 #include "Platform/Linux/FontconfigCatalog.h"
 #include "Platform/Linux/InotifyEventStream.h"
-#include "Platform/Linux/NoFrontApplication.h"
-#include "Platform/Linux/NoScriptEngine.h"
 #include "UI/Workspace.h"
 
 #include <QApplication>
@@ -48,8 +48,8 @@ protected:
         LinuxFontRegistry registry;
         InotifyEventStream events{
             {.latency = std::chrono::milliseconds(5), .rootCheck = std::chrono::milliseconds(20)}};
-        NoScriptEngine scripts;
-        NoFrontApplication front;
+        MadeScriptEngine scripts{[](const std::string &) { return ScriptEngine::Descriptor{"OK|2"}; }};
+        MadeFrontApplication front;
         AppState state;
         Preferences preferences;
         Theme theme{Appearance::light};

@@ -44,18 +44,31 @@ NoticeBar::NoticeBar(Workspace &workspace, QWidget *parent)
     layout->addWidget(m_close, 0, Qt::AlignTop);
     connect(m_close, &QToolButton::clicked, this, &NoticeBar::dismiss);
     connect(&m_workspace.theme(), &Theme::changed, this, &NoticeBar::refresh);
-    m_observers.push_back(m_workspace.state().notice.observe([this] { refresh(); }));
-    m_observers.push_back(m_workspace.state().applyFeedback.observe([this] { refresh(); }));
+    AppState &state = m_workspace.state();
+    m_observers.push_back(state.notice.observe([this, &state] {
+        m_isFeedbackLater = !state.notice();
+        refresh();
+    }));
+    m_observers.push_back(state.applyFeedback.observe([this, &state] {
+        m_isFeedbackLater = state.applyFeedback().has_value();
+        refresh();
+    }));
     parent->installEventFilter(this);
     refresh();
 }
 
-void NoticeBar::refresh()
+// What came of applying a font and any other notice have their own times: the one that was posted last is shown.
+std::optional<Notice> NoticeBar::latest() const
 {
     const AppState &state = m_workspace.state();
-    std::optional<Notice> notice = state.notice();
-    if (state.applyFeedback())
-        notice = noticeOf(*state.applyFeedback());
+    if (state.applyFeedback() && (m_isFeedbackLater || !state.notice()))
+        return noticeOf(*state.applyFeedback());
+    return state.notice();
+}
+
+void NoticeBar::refresh()
+{
+    const std::optional<Notice> notice = latest();
     setVisible(notice.has_value());
     if (!notice)
         return;
@@ -86,8 +99,11 @@ void NoticeBar::place()
 
 void NoticeBar::dismiss()
 {
-    m_workspace.state().dismissNotice();
-    m_workspace.state().dismissApplyFeedback();
+    AppState &state = m_workspace.state();
+    if (state.applyFeedback() && (m_isFeedbackLater || !state.notice()))
+        state.dismissApplyFeedback();
+    else
+        state.dismissNotice();
 }
 
 void NoticeBar::changeEvent(QEvent *event)

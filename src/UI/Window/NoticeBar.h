@@ -25,6 +25,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override; // the parent's size
 
 private:
+    std::optional<Notice> latest() const;
     void refresh();
     void place();
     void dismiss();
@@ -33,6 +34,7 @@ private:
     QLabel *m_icon;
     QLabel *m_text;
     QToolButton *m_close;
+    bool m_isFeedbackLater = false; // than the notice
     std::vector<QPropertyNotifier> m_observers;
 };
 

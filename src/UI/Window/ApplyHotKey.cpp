@@ -1,4 +1,4 @@
-#include "App/ApplyHotKey.h"
+#include "UI/Window/ApplyHotKey.h"
 
 #include "Bridge/HotKeyCenter.h"
 #include "Support/Localization.h"
