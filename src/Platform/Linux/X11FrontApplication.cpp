@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <ranges>
 #include <span>
 #include <string_view>
 #include <utility>
@@ -212,10 +213,9 @@ std::vector<FrontApplication::Program> X11FrontApplication::programs() const
 {
     std::vector<Program> topmostFirst;
     const auto all = m_windows->programsOf(m_windows->all());
-    for (auto program = all.rbegin(); program != all.rend(); ++program) {
-        if (*program != Program{} &&
-            std::find(topmostFirst.begin(), topmostFirst.end(), *program) == topmostFirst.end())
-            topmostFirst.push_back(*program);
+    for (const Program &program : std::ranges::reverse_view(all)) {
+        if (program != Program{} && std::find(topmostFirst.begin(), topmostFirst.end(), program) == topmostFirst.end())
+            topmostFirst.push_back(program);
     }
     m_connection->readSoon();
     return topmostFirst;
