@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <ranges>
 #include <span>
 #include <string_view>
 #include <utility>
@@ -211,9 +210,10 @@ FrontApplication::Program X11FrontApplication::current() const
 
 std::vector<FrontApplication::Program> X11FrontApplication::programs() const
 {
+    auto all = m_windows->programsOf(m_windows->all());
+    std::reverse(all.begin(), all.end());
     std::vector<Program> topmostFirst;
-    const auto all = m_windows->programsOf(m_windows->all());
-    for (const Program &program : std::ranges::reverse_view(all)) {
+    for (const Program &program : all) {
         if (program != Program{} && std::find(topmostFirst.begin(), topmostFirst.end(), program) == topmostFirst.end())
             topmostFirst.push_back(program);
     }
