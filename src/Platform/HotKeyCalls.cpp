@@ -22,7 +22,7 @@ void HotKeyCalls::remove(std::uint32_t identifier)
 
 void HotKeyCalls::press(std::uint32_t identifier) const
 {
-    later(identifier, [identifier](Keys &, Key key) {
+    later(identifier, [identifier](Keys &, const Key &key) {
         if (key.pressed)
             key.pressed(identifier);
     });
@@ -30,14 +30,13 @@ void HotKeyCalls::press(std::uint32_t identifier) const
 
 void HotKeyCalls::fail(std::uint32_t identifier, HotKeys::Failure failure) const
 {
-    later(identifier, [identifier, failure](Keys &keys, Key key) {
+    later(identifier, [identifier, failure](Keys &keys, const Key &key) {
         keys.erase(identifier);
         if (key.failed)
             key.failed(failure);
     });
 }
 
-// The call gets a copy of the key, which may go while it is called.
 template <typename Call>
 void HotKeyCalls::later(std::uint32_t identifier, Call call) const
 {
@@ -52,8 +51,10 @@ void HotKeyCalls::later(std::uint32_t identifier, Call call) const
             if (!alive)
                 return;
             const auto key = alive->find(identifier);
-            if (key != alive->end() && key->second.number == number)
-                call(*alive, key->second);
+            if (key == alive->end() || key->second.number != number)
+                return;
+            const Key copy = key->second; // the key may go while it is called
+            call(*alive, copy);
         },
         Qt::QueuedConnection);
 }

@@ -16,7 +16,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using enum XClient::Key;
 using Failure = HotKeys::Failure;
-using Chord = std::initializer_list<std::uint32_t>;
+using Chord = std::vector<std::uint32_t>;
 
 // HIToolbox, Events.h
 constexpr std::uint32_t kMacV = 0x09;
@@ -54,7 +54,7 @@ protected:
             all.pop_back();
         return all;
     }
-    std::vector<std::uint32_t> pressedBy(Chord chord)
+    std::vector<std::uint32_t> pressedBy(const Chord &chord)
     {
         m_user.type(chord);
         return pressed();
@@ -98,7 +98,7 @@ TEST_F(X11HotKeysTest, ComesToTheProgramWhateverHasTheFocusAndWhateverLocksAreOn
         EXPECT_THAT(pressedBy({kSuperLeft, kAltLeft, kV}), ElementsAre(1));
         EXPECT_THAT(pressedBy({kShiftLeft, kControlLeft, kM}), ElementsAre(2));
         EXPECT_THAT(pressedBy({kB}), ElementsAre(3));
-        for (const Chord none :
+        for (const Chord &none :
              {Chord{kV}, Chord{kAltLeft, kV}, Chord{kSuperLeft, kV}, Chord{kAltLeft, kSuperLeft, kX},
               Chord{kControlLeft, kAltLeft, kSuperLeft, kV}, Chord{kControlLeft, kM}, Chord{kShiftLeft, kB}})
             EXPECT_THAT(pressedBy(none), IsEmpty());

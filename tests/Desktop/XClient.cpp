@@ -124,11 +124,10 @@ void XClient::release(std::uint32_t symbol) const
     }
 }
 
-void XClient::type(std::initializer_list<std::uint32_t> chord) const
+void XClient::type(const std::vector<std::uint32_t> &chord) const
 {
-    const std::vector<std::uint32_t> symbols(chord);
-    std::for_each(symbols.begin(), symbols.end(), [this](std::uint32_t symbol) { press(symbol); });
-    std::for_each(symbols.rbegin(), symbols.rend(), [this](std::uint32_t symbol) { release(symbol); });
+    std::for_each(chord.begin(), chord.end(), [this](std::uint32_t symbol) { press(symbol); });
+    std::for_each(chord.rbegin(), chord.rend(), [this](std::uint32_t symbol) { release(symbol); });
 }
 
 void XClient::setSymbols(std::uint8_t keyCode, const std::vector<std::uint32_t> &symbols) const

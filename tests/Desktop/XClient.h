@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -50,8 +49,8 @@ public:
     // The keyboard.
     std::uint8_t keyCode(std::uint32_t symbol) const;
     void press(std::uint32_t symbol) const;
-    void release(std::uint32_t symbol) const; // a key pressed again has another time than its release
-    void type(std::initializer_list<std::uint32_t> chord) const; // pressed in order, released in reverse
+    void release(std::uint32_t symbol) const;                 // a key pressed again has another time than its release
+    void type(const std::vector<std::uint32_t> &chord) const; // pressed in order, released in reverse
     void setSymbols(std::uint8_t keyCode, const std::vector<std::uint32_t> &symbols) const;
     void setModifierKeys(int modifier, std::vector<std::uint32_t> symbols) const; // 0 Shift … 7 Mod5
     bool grab(std::uint8_t keyCode, std::uint16_t modifiers) const;               // whether nobody else has it

@@ -100,8 +100,8 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, PortalShortcut &s
     return argument;
 }
 
-PortalHotKeys::PortalHotKeys(const QDBusConnection &bus, const std::string &description)
-    : m_bus(bus)
+PortalHotKeys::PortalHotKeys(QDBusConnection bus, const std::string &description)
+    : m_bus(std::move(bus))
     , m_description(QString::fromStdString(description))
 {
     qDBusRegisterMetaType<PortalShortcut>();

@@ -25,7 +25,7 @@ class PortalHotKeys final : public QObject, public HotKeys {
 
 public:
     // The description says to the user what the keys are for, in the user's language.
-    PortalHotKeys(const QDBusConnection &bus, const std::string &description);
+    PortalHotKeys(QDBusConnection bus, const std::string &description);
     ~PortalHotKeys() override;
 
     void registerKey(std::uint32_t identifier, std::uint32_t keyCode, std::uint32_t modifiers, Pressed pressed,

@@ -210,12 +210,12 @@ FrontApplication::Program X11FrontApplication::current() const
 
 std::vector<FrontApplication::Program> X11FrontApplication::programs() const
 {
+    auto all = m_windows->programsOf(m_windows->all());
+    std::reverse(all.begin(), all.end());
     std::vector<Program> topmostFirst;
-    const auto all = m_windows->programsOf(m_windows->all());
-    for (auto program = all.rbegin(); program != all.rend(); ++program) {
-        if (*program != Program{} &&
-            std::find(topmostFirst.begin(), topmostFirst.end(), *program) == topmostFirst.end())
-            topmostFirst.push_back(*program);
+    for (const Program &program : all) {
+        if (program != Program{} && std::find(topmostFirst.begin(), topmostFirst.end(), program) == topmostFirst.end())
+            topmostFirst.push_back(program);
     }
     m_connection->readSoon();
     return topmostFirst;
