@@ -70,7 +70,7 @@ QCoro::Task<> MissingFontsWatcher::poll(HostApp host)
     m_seen[host].insert(documents.begin(), documents.end());
     const bool isNews = m_seen[host].size() > seenBefore; // a poll of an earlier round may have come first
     if (isNews && !fonts->empty())
-        co_await m_handler(*std::move(fonts), std::move(documents), host);
+        co_await m_handler(std::move(*fonts), std::move(documents), host);
 }
 
 } // namespace kerlune

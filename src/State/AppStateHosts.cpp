@@ -112,8 +112,10 @@ QCoro::Task<> AppState::applyWanted(WantedFont wanted)
 QCoro::Task<> AppState::applyCurrent(HostApp target)
 {
     const FontRecordPointer face = activeRecord();
-    if (face != nullptr)
-        co_await applyWanted({face, target, false});
+    if (face == nullptr)
+        co_return;
+    WantedFont wanted{face, target, false};
+    co_await applyWanted(std::move(wanted));
 }
 
 QCoro::Task<> AppState::applyCurrentToFrontmost()
