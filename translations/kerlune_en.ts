@@ -4191,6 +4191,10 @@ Free software under the MIT license.</translation>
             <translation>%1: %2</translation>
         </message>
         <message>
+            <source>%1 ; %2</source>
+            <translation>%1; %2</translation>
+        </message>
+        <message>
             <source>Sauvegardes de Kerlune (*.json)</source>
             <translation>Kerlune Backups (*.json)</translation>
         </message>

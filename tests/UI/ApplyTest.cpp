@@ -142,7 +142,7 @@ TEST_F(ApplyTest, TheHotKeyFollowsTheSettingAndTellsOnceWhyItIsMissing)
 TEST(ApplyNotice, SaysWhatCameOfIt)
 {
     EXPECT_EQ(noticeOf(Applied{1, HostApp::photoshop, "mais"}),
-              (Notice{"Photoshop\u00A0: Police appliquée à 1 élément.\nmais"}));
+              (Notice{"Photoshop\u00A0: Police appliquée à 1 élément\u00A0; mais"}));
     EXPECT_EQ(noticeOf(Failed{"Pourquoi"}), (Notice{"Pourquoi", true}));
     EXPECT_EQ(noticeOf(NotRunning{HostApp::indesign}), (Notice{"InDesign n'est pas lancé.", true}));
     EXPECT_THAT(noticeOf(NotAuthorized{HostApp::indesign}).text, EndsWith("Automatisation."));

@@ -11,7 +11,9 @@ Notice noticeOf(const ApplyResult &result)
         return {failureMessage(result), true};
     const QString count = uiCount("Police appliquée à %1 élément.", "Police appliquée à %1 éléments.", applied->count);
     const QString text = uiText("%1 : %2", {shown(displayName(applied->target)), count});
-    return {(applied->note ? text + u'\n' + shown(*applied->note) : text).toStdString()};
+    if (!applied->note)
+        return {text.toStdString()};
+    return {uiText("%1 ; %2", {text.chopped(1), shown(*applied->note)}).toStdString()}; // in place of its full stop
 }
 
 } // namespace kerlune
