@@ -1,6 +1,7 @@
 #include "Platform/Linux/LinuxHotKeys.h"
 
 #include "Events.h"
+#include "MacKeyCodes.h"
 #include "MessageBus.h"
 #include "ShortcutsPortal.h"
 #include "XClient.h"
@@ -16,13 +17,12 @@ using testing::IsEmpty;
 
 TEST(LinuxHotKeys, AreThoseOfTheSession)
 {
-    constexpr std::uint32_t kAltSuper = HotKeys::kAlt | HotKeys::kSuper;
     std::vector<std::uint32_t> pressed;
     std::vector<HotKeys::Failure> failures;
     const auto keys = [&] {
         auto made = std::make_unique<LinuxHotKeys>("description");
         made->registerKey(
-            1, HotKeys::kKeyV, kAltSuper, [&](std::uint32_t identifier) { pressed.push_back(identifier); },
+            1, kMacV, kAltSuper, [&](std::uint32_t identifier) { pressed.push_back(identifier); },
             [&](HotKeys::Failure failure) { failures.push_back(failure); });
         return made;
     };

@@ -1,6 +1,7 @@
 #include "Platform/Linux/PortalHotKeys.h"
 
 #include "Events.h"
+#include "MacKeyCodes.h"
 #include "MessageBus.h"
 #include "ShortcutsPortal.h"
 
@@ -19,14 +20,6 @@ using testing::IsEmpty;
 using Answers = ShortcutsPortal::Answers;
 using Agreement = ShortcutsPortal::Agreement;
 using Failure = HotKeys::Failure;
-
-// HIToolbox, Events.h
-constexpr std::uint32_t kMacV = 0x09;
-constexpr std::uint32_t kMacOne = 0x12;
-constexpr std::uint32_t kMacReturn = 0x24;
-constexpr std::uint32_t kMacSpace = 0x31;
-constexpr std::uint32_t kMacF5 = 0x60;
-constexpr std::uint32_t kAltSuper = HotKeys::kAlt | HotKeys::kSuper;
 
 class PortalHotKeysTest : public testing::Test {
 protected:
@@ -58,10 +51,11 @@ protected:
         return std::exchange(m_pressed, {});
     }
     // Messages keep their order: the answer to this comes after all that either has sent before.
-    void settle()
+    void settle() { settle(m_client->connection()); }
+    static void settle(QDBusConnection &program)
     {
         bool isAnswered = false;
-        const QDBusPendingCallWatcher watcher(m_client->connection().asyncCall(QDBusMessage::createMethodCall(
+        const QDBusPendingCallWatcher watcher(program.asyncCall(QDBusMessage::createMethodCall(
             QStringLiteral("org.freedesktop.portal.Desktop"), QStringLiteral("/org/freedesktop/portal/desktop"),
             QStringLiteral("org.freedesktop.portal.Session"), QStringLiteral("Ask"))));
         QObject::connect(&watcher, &QDBusPendingCallWatcher::finished, &watcher, [&] { isAnswered = true; });
@@ -261,7 +255,7 @@ TEST_F(PortalHotKeysTest, APortalThatDiesWhileItIsAskedIsAskedAgain)
     EXPECT_THAT(m_failures, IsEmpty());
 }
 
-TEST_F(PortalHotKeysTest, APortalThatIsStartedByTheQuestionIsAskedOnce)
+TEST_F(PortalHotKeysTest, OnlyAQuestionStartsAPortalAndThatIsAskedOnce)
 {
     const MessageBus bus("org.freedesktop.portal.Desktop");
     BusClient client(bus);
@@ -274,6 +268,12 @@ TEST_F(PortalHotKeysTest, APortalThatIsStartedByTheQuestionIsAskedOnce)
     ASSERT_TRUE(waitUntil([&] { return !portal.shortcuts().empty(); }));
     EXPECT_EQ(portal.creations(), 1);
     EXPECT_EQ(portal.shortcuts().size(), 1U);
+    portal.leave();
+    keys.unregisterKey(1); // before it hears of that
+    EXPECT_TRUE(client.connection().interface()->isServiceRegistered(QStringLiteral("org.freedesktop.DBus")));
+    portal.comeBack();
+    settle(client.connection());
+    EXPECT_THAT(portal.closed(), IsEmpty()); // nor was one started to be told
 }
 
 TEST_F(PortalHotKeysTest, WithoutItsBusEveryKeyIsUnavailableOnce)

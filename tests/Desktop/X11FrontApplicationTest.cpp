@@ -122,6 +122,9 @@ TEST_F(X11FrontApplicationTest, AWindowWithoutNamesGoesByTheOneThatItBelongsTo)
         bringToFront(window);
         EXPECT_EQ(m_front->current(), kEditor);
     }
+    bringToFront(m_manager.root()); // which is no frame
+    m_manager.setWindows(editor, "WM_STATE", {1, 0});
+    EXPECT_EQ(m_front->current(), kNone);
     m_manager.setText(dialog, "WM_CLASS", kMailNames);
     bringToFront(dialog);
     EXPECT_EQ(m_front->current(), kMail); // its own come first
@@ -194,7 +197,7 @@ TEST_F(X11FrontApplicationTest, WithoutItsServerNoneIsInFrontAnyMore)
     EXPECT_THAT(toldUntil(kNone), ElementsAre(kNone));
     EXPECT_EQ(m_front->current(), kNone);
     EXPECT_THAT(m_front->programs(), IsEmpty());
-    QCoreApplication::processEvents();
+    EXPECT_TRUE(comesToRest());
     EXPECT_THAT(m_told, IsEmpty());
     EXPECT_EQ(X11FrontApplication::create(), nullptr);
     EXPECT_EQ(linuxFrontApplication()->current(), kNone); // that of a session without such a server

@@ -1,6 +1,7 @@
 #include "Platform/Linux/X11HotKeys.h"
 
 #include "Events.h"
+#include "MacKeyCodes.h"
 #include "XClient.h"
 #include "XServer.h"
 
@@ -18,13 +19,6 @@ using enum XClient::Key;
 using Failure = HotKeys::Failure;
 using Chord = std::vector<std::uint32_t>;
 
-// HIToolbox, Events.h
-constexpr std::uint32_t kMacV = 0x09;
-constexpr std::uint32_t kMacB = 0x0b;
-constexpr std::uint32_t kMacM = 0x2e;
-constexpr std::uint32_t kMacF5 = 0x60;
-constexpr std::uint32_t kMacReturn = 0x24;
-constexpr std::uint32_t kAltSuper = HotKeys::kAlt | HotKeys::kSuper;
 // The modifiers of the X server's own keyboard
 constexpr std::uint16_t kLockMask = 2;
 constexpr std::uint16_t kAltMask = 8;
@@ -256,6 +250,7 @@ TEST_F(X11HotKeysTest, WithoutItsServerEveryKeyIsUnavailableOnce)
     add(2, kMacB, kAltSuper);
     EXPECT_THAT(failures(1), ElementsAre(Failure::Unavailable));
     m_keys->unregisterKey(2);
+    EXPECT_TRUE(comesToRest());
     EXPECT_EQ(X11HotKeys::create(), nullptr);
 }
 

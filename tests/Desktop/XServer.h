@@ -2,9 +2,21 @@
 
 #include "ChildProcess.h"
 
+#include <QAbstractEventDispatcher>
 #include <QtGlobal>
 
 namespace kerlune {
+
+// Whether the event loop has nothing more to do, as it must when a connection has been lost.
+inline bool comesToRest()
+{
+    constexpr int kMany = 1'000;
+    for (int round = 0; round < kMany; ++round) {
+        if (!QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents))
+            return true;
+    }
+    return false;
+}
 
 // An X server without a screen on a display that was free; DISPLAY names it.
 class XServer final {

@@ -6,29 +6,15 @@
 #include <QSocketNotifier>
 #include <xcb/xcb.h>
 
-#include <csignal>
 #include <cstdlib>
 #include <utility>
 
 namespace kerlune {
 
-namespace {
-
-// A request to a server that has just died must not end this program. Qt's sockets do the same.
-void ignoreBrokenPipes()
-{
-    struct sigaction now = {};
-    if (sigaction(SIGPIPE, nullptr, &now) == 0 && now.sa_handler == SIG_DFL)
-        std::signal(SIGPIPE, SIG_IGN);
-}
-
-} // namespace
-
 std::unique_ptr<X11Connection> X11Connection::open()
 {
     if (qEnvironmentVariableIsEmpty("DISPLAY"))
         return nullptr;
-    ignoreBrokenPipes();
     int screen = 0;
     xcb_connection_t *connection = xcb_connect(nullptr, &screen);
     if (xcb_connection_has_error(connection) != 0) {
