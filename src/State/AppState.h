@@ -288,6 +288,7 @@ private:
     void publishCollections(Collections stored, std::map<std::string, FamilyNames> members);
     void publishSmartCollections(std::vector<SmartCollection> stored);
     void failGoogleFamily(const std::string &name, std::string error);
+    QCoro::Task<bool> removeGoogleFiles(std::string name);
     template <typename Change>
     bool write(Change &&change); // to the store; false without one
 
@@ -309,6 +310,7 @@ private:
     GoogleFamilyFiles m_googleFiles;
     GooglePreviewStore m_googlePreviews;
     GoogleIdentifyIndex m_googleIdentify;
+    FamilyNames m_googleRemovals; // that are under way
 
     std::int64_t m_listRevision = 0; // grows with changes that the signature does not tell apart
     mutable GlyphCoverage m_glyphs;
