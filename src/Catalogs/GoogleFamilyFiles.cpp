@@ -1,5 +1,6 @@
 #include "Catalogs/GoogleFamilyFiles.h"
 
+#include "Catalogs/ByteView.h"
 #include "Catalogs/CheckedFont.h"
 #include "Catalogs/InstalledFamilies.h"
 #include "Catalogs/SafeFileName.h"
@@ -37,11 +38,6 @@ constexpr std::int64_t kMostFontBytes = 128 << 20; // a Chinese one has 20 MB
 constexpr std::chrono::minutes kLongestFont{15};
 constexpr std::size_t kBatch = 6;
 
-std::string_view view(const QByteArray &bytes)
-{
-    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
-}
-
 CatalogError failure(std::string message)
 {
     return {.kind = CatalogError::Case::other, .name = std::move(message)};
@@ -77,7 +73,7 @@ std::string shownName(const GoogleFileList::Font &font)
 // Keeps what came, unless it is no font.
 std::optional<CatalogError> stage(const fs::path &file, const GoogleFileList::Font &font, const QByteArray &bytes)
 {
-    if (const auto written = writeFileAtomically(file, view(bytes)); !written)
+    if (const auto written = writeFileAtomically(file, viewOf(bytes)); !written)
         return writeFailure(file, written.error());
     if (checkedFont(file) != nullptr)
         return std::nullopt;
@@ -119,6 +115,22 @@ std::string licenceTextOf(const FontFace &face)
             text += *part + '\n';
     }
     return text;
+}
+
+struct Place {
+    fs::path folder;
+    std::vector<std::string> fonts; // that are there
+};
+
+// Where the family is installed, else where it will be. Names that differ only in what no file may be called lead to
+// different folders.
+Place placeOf(const std::string &family, const fs::path &root)
+{
+    const auto installed = installedFamilies(root);
+    if (const auto found = installed.find(family); found != installed.end())
+        return {found->second, fontFilesIn(found->second)};
+    const fs::path folder = root / visibleFileNameFor(family);
+    return {fontFilesIn(folder).empty() ? folder : root / sha256Hex(family), {}};
 }
 
 // Puts a family together in a folder of its own, from fonts that are all there.
@@ -260,14 +272,12 @@ QCoro::Task<GoogleFamilyFiles::Outcome> GoogleFamilyFiles::download(GoogleFontFa
 {
     const QPointer<GoogleFamilyFiles> self(this);
     const fs::path root = m_root;
-    const std::string name = visibleFileNameFor(family.family);
-    const fs::path target = root / name;
-    const fs::path staging = root / ".partial" / name;
-
-    const auto looking = QtConcurrent::run(fontFilesIn, target);
-    const std::vector<std::string> present = co_await looking;
-    if (!present.empty())
-        co_return Family{target, present, true};
+    const auto looking = QtConcurrent::run(placeOf, family.family, root);
+    const Place place = co_await looking;
+    const fs::path target = place.folder;
+    const fs::path staging = root / ".partial" / target.filename();
+    if (!place.fonts.empty())
+        co_return Family{target, place.fonts, true};
     if (!self)
         co_return tl::unexpected(failure(stoppedMessage()));
     const auto files = co_await list(family);
@@ -296,7 +306,7 @@ QCoro::Task<GoogleFamilyFiles::Expected<GoogleFileList>> GoogleFamilyFiles::list
     if (!self)
         co_return tl::unexpected(failure(stoppedMessage()));
     if (answer && isOk(answer->status)) {
-        if (auto files = parseFileList(view(answer->body)))
+        if (auto files = parseFileList(viewOf(answer->body)))
             co_return *std::move(files);
     }
     co_return co_await listOfStyleSheet(std::move(family));
@@ -312,7 +322,7 @@ QCoro::Task<GoogleFamilyFiles::Expected<GoogleFileList>> GoogleFamilyFiles::list
     if (!isOk(answer->status))
         co_return tl::unexpected(CatalogError{.kind = CatalogError::Case::badResponse, .status = answer->status});
     GoogleFileList files;
-    for (const QUrl &address : allFontAddresses(view(answer->body)))
+    for (const QUrl &address : allFontAddresses(viewOf(answer->body)))
         files.fonts.push_back({{}, address});
     if (files.fonts.empty())
         co_return tl::unexpected(CatalogError{.kind = CatalogError::Case::noFontFiles, .name = family.shownName()});

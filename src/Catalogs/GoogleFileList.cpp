@@ -29,6 +29,11 @@ const json *arrayAt(const json &object, const char *key)
     return found != object.end() && found->is_array() ? &*found : nullptr;
 }
 
+bool isListed(const GoogleFileList &list, const QUrl &url)
+{
+    return std::any_of(list.fonts.begin(), list.fonts.end(), [&](const auto &font) { return font.url == url; });
+}
+
 bool isStatic(const GoogleFileList::Font &font)
 {
     return font.name.starts_with("static/") || font.name.find("/static/") != std::string::npos;
@@ -48,7 +53,8 @@ std::optional<GoogleFileList> parseFileList(std::string_view bytes)
         for (const json &font : *fonts) {
             const std::string name = textAt(font, "filename");
             const QUrl url(QString::fromStdString(textAt(font, "url")), QUrl::StrictMode);
-            if (hasFontName(name) && HttpsClient::mayFetch(url) && list.fonts.size() < kMostFiles)
+            if (hasFontName(name) && HttpsClient::mayFetch(url) && list.fonts.size() < kMostFiles &&
+                !isListed(list, url))
                 list.fonts.push_back({name, url});
         }
     }

@@ -28,8 +28,9 @@ struct GoogleFileList {
     std::vector<Text> texts; // that come with the fonts
 };
 
-// Absent when the answer has another form or names no font. Of a family that comes both as a variable font and as
-// single ones, in a folder "static", the variable one is taken: both together would have each name twice.
+// Absent when the answer has another form or names no font. An address that is named twice counts once. Of a family
+// that comes both as a variable font and as single ones, in a folder "static", the variable one is taken: both together
+// would have each name twice.
 //
 // Thread: any.
 std::optional<GoogleFileList> parseFileList(std::string_view bytes);

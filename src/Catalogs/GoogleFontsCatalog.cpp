@@ -1,5 +1,6 @@
 #include "Catalogs/GoogleFontsCatalog.h"
 
+#include "Catalogs/ByteView.h"
 #include "Catalogs/HttpsClient.h"
 #include "Support/AtomicFile.h"
 #include "Support/JsonFile.h"
@@ -99,7 +100,7 @@ GoogleFontFamily familyOf(const OrderedJson &object, std::string name)
 // What a worker thread makes of an answer: the list, which is on disk too.
 Outcome<GoogleFamilies> parseAndKeep(const QByteArray &body, const std::filesystem::path &cacheFile)
 {
-    auto families = parseCatalog({body.constData(), static_cast<std::size_t>(body.size())});
+    auto families = parseCatalog(viewOf(body));
     if (!families)
         return families;
     auto list = nlohmann::json::array();

@@ -28,6 +28,8 @@ void GooglePreviewStore::request(const GoogleFontFamily &family)
         return;
     if (m_pending.insert(family.family).second)
         load(family);
+    else
+        m_subsets.hurry(family.family);
 }
 
 QCoro::Task<> GooglePreviewStore::load(GoogleFontFamily family)

@@ -36,6 +36,7 @@ public:
     std::int64_t revision() const { return m_revision.value(); } // grows when a family has come, or failed
     QBindable<std::int64_t> bindableRevision() { return &m_revision; }
 
+    // Those asked for last come first; to ask again for one that is on its way is to ask for it last.
     void request(const GoogleFontFamily &family);
 
 Q_SIGNALS:

@@ -1,5 +1,6 @@
 #include "Catalogs/GoogleSubsets.h"
 
+#include "Catalogs/ByteView.h"
 #include "Catalogs/CheckedFont.h"
 #include "Catalogs/HttpsClient.h"
 #include "Catalogs/SafeFileName.h"
@@ -13,6 +14,7 @@
 #include <QtConcurrentRun>
 
 #include <system_error>
+#include <utility>
 
 // A future is always named before it is awaited; see docs/decisions/0003-futures-are-named.md.
 
@@ -25,11 +27,7 @@ namespace fs = std::filesystem;
 constexpr std::int64_t kMostStyleSheetBytes = 1 << 20;
 constexpr std::int64_t kMostSubsetBytes = 8 << 20; // some 40 KB is usual
 constexpr int kOk = 200;
-
-std::string_view viewOf(const QByteArray &bytes)
-{
-    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
-}
+constexpr int kMostDownloads = 6;
 
 struct CachedSubset {
     bool isThere = false; // and not empty
@@ -38,6 +36,8 @@ struct CachedSubset {
 
 CachedSubset readCachedSubset(const fs::path &file)
 {
+    std::error_code ignored;
+    fs::create_directories(file.parent_path(), ignored);
     const auto status = FontFile::status(file);
     if (!status || status->size == 0)
         return {};
@@ -91,20 +91,37 @@ GoogleSubsets::GoogleSubsets(HttpsClient &client, GoogleAddresses addresses, fs:
     , m_addresses(std::move(addresses))
     , m_folder(std::move(folder))
     , m_silence(silence)
-{}
+{
+    m_roundEnd.setSingleShot(true);
+    m_roundEnd.callOnTimeout(this, [this] { ++m_round; });
+}
 
 QFuture<GoogleSubsets::Font> GoogleSubsets::fetch(const std::string &family, const std::string &text,
                                                   const std::optional<std::string> &spec)
 {
     const std::string name = fileNameFor(family, ".ttf");
     if (const auto running = m_running.find(name); running != m_running.end())
-        return running->second;
+        return running->second.future;
     const auto promise = std::make_shared<QPromise<Font>>();
     promise->start();
     QFuture<Font> future = promise->future();
-    m_running.emplace(name, future);
+    m_running.emplace(name, Running{future, newTurn()});
     run(name, m_addresses.styleSheet(family, spec, text), promise);
     return future;
+}
+
+void GoogleSubsets::hurry(const std::string &family)
+{
+    const auto running = m_running.find(fileNameFor(family, ".ttf"));
+    if (running != m_running.end())
+        running->second.turn = newTurn();
+}
+
+GoogleSubsets::Turn GoogleSubsets::newTurn()
+{
+    if (!m_roundEnd.isActive())
+        m_roundEnd.start(0);
+    return {m_round, --m_turns};
 }
 
 QCoro::Task<> GoogleSubsets::run(std::string name, QUrl styleSheet, Promise promise)
@@ -124,13 +141,53 @@ QCoro::Task<GoogleSubsets::Font> GoogleSubsets::find(std::string name, QUrl styl
     const CachedSubset cached = co_await reading;
     if (!self || cached.isThere)
         co_return cached.font;
-    const QByteArray bytes = co_await download(std::move(styleSheet));
+    const QByteArray bytes = co_await download(name, std::move(styleSheet));
     if (!self || bytes.isEmpty())
         co_return Font();
     co_return co_await keep(std::move(name), bytes);
 }
 
-QCoro::Task<QByteArray> GoogleSubsets::download(QUrl styleSheet)
+// A download has both its requests in one turn: what was begun is ended before another one begins.
+QCoro::Task<QByteArray> GoogleSubsets::download(std::string name, QUrl styleSheet)
+{
+    const QPointer<GoogleSubsets> self(this);
+    const QFuture<void> turn = turnOf(name);
+    co_await turn;
+    if (!self)
+        co_return QByteArray();
+    QByteArray bytes = co_await downloadNow(std::move(styleSheet));
+    if (self) {
+        --m_downloads;
+        startDownloads();
+    }
+    co_return bytes;
+}
+
+QFuture<void> GoogleSubsets::turnOf(const std::string &name)
+{
+    const auto promise = std::make_shared<QPromise<void>>();
+    promise->start();
+    m_running.at(name).waiting = promise;
+    startDownloads();
+    return promise->future();
+}
+
+void GoogleSubsets::startDownloads()
+{
+    while (m_downloads < kMostDownloads) {
+        Running *next = nullptr;
+        for (auto &[name, running] : m_running) {
+            if (running.waiting != nullptr && (next == nullptr || running.turn > next->turn))
+                next = &running;
+        }
+        if (next == nullptr)
+            return;
+        ++m_downloads;
+        std::exchange(next->waiting, nullptr)->finish();
+    }
+}
+
+QCoro::Task<QByteArray> GoogleSubsets::downloadNow(QUrl styleSheet)
 {
     const QPointer<GoogleSubsets> self(this);
     const auto asking = m_client.get(styleSheet, {.mostBytes = kMostStyleSheetBytes, .silence = m_silence});

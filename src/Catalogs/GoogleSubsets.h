@@ -8,13 +8,16 @@
 #include <QFuture>
 #include <QObject>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include <chrono>
+#include <cstdint>
 #include <filesystem>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 template <typename T>
 class QPromise;
@@ -25,7 +28,8 @@ class HttpsClient;
 
 // Small fonts of Google families that hold just the characters of a sample, kept in a folder of the caches: one file
 // for each family, whoever fetched it. A family whose file is there is not fetched, and one that is being fetched is
-// not fetched a second time.
+// not fetched a second time. Six are downloaded at a time: those that were asked for last come first, since they are
+// what the user looks at; of those asked for together, the first.
 //
 // Thread: main; files are read and written on others.
 // Errors: none. What cannot be had, or is no font, is null. A file in the folder that is no font stays.
@@ -49,13 +53,26 @@ public:
 
     // The file of the family if it is there, else its regular style, or the one of `spec`, with these characters.
     QFuture<Font> fetch(const std::string &family, const std::string &text, const std::optional<std::string> &spec);
+    // One that is on its way is asked for now, as if for the first time.
+    void hurry(const std::string &family);
 
 private:
     using Promise = std::shared_ptr<QPromise<Font>>;
+    using Turn = std::pair<std::int64_t, std::int64_t>; // the greatest downloads first
 
+    struct Running {
+        QFuture<Font> future;
+        Turn turn;
+        std::shared_ptr<QPromise<void>> waiting = nullptr; // for its turn to download
+    };
+
+    Turn newTurn();
+    QFuture<void> turnOf(const std::string &name);
+    void startDownloads();
     QCoro::Task<> run(std::string name, QUrl styleSheet, Promise promise);
     QCoro::Task<Font> find(std::string name, QUrl styleSheet);
-    QCoro::Task<QByteArray> download(QUrl styleSheet); // empty when there is nothing to be had
+    QCoro::Task<QByteArray> download(std::string name, QUrl styleSheet); // empty when there is nothing to be had
+    QCoro::Task<QByteArray> downloadNow(QUrl styleSheet);
     QCoro::Task<Font> keep(std::string name, QByteArray bytes);
     std::filesystem::path fileNamed(const std::string &name) const;
 
@@ -63,7 +80,11 @@ private:
     GoogleAddresses m_addresses;
     std::filesystem::path m_folder;
     std::chrono::milliseconds m_silence;
-    std::map<std::string, QFuture<Font>> m_running;        // by the name of the file
+    std::map<std::string, Running> m_running; // by the name of the file
+    int m_downloads = 0;                      // that have their turn
+    std::int64_t m_round = 0;                 // of the event loop in which something was asked for
+    std::int64_t m_turns = 0;
+    QTimer m_roundEnd;
     std::map<std::string, std::filesystem::path> m_unkept; // likewise: what could not be written to the folder
     std::unique_ptr<QTemporaryDir> m_private;              // where that is instead, until the program ends
 };

@@ -8,9 +8,9 @@
 #include <QNetworkRequest>
 #include <QPromise>
 #include <QTimer>
+#include <QtConcurrentRun>
 
 #include <algorithm>
-#include <iterator>
 #include <optional>
 #include <set>
 #include <utility>
@@ -20,8 +20,10 @@ namespace kerlune {
 namespace {
 
 constexpr int kBadRequest = 400;
+// Sooner than any usual server closes a connection that nobody uses: a request must not cross with that.
+constexpr std::chrono::seconds kIdle{3};
 
-QString originKey(const QUrl &url)
+QString serverOf(const QUrl &url)
 {
     constexpr int kHttpsPort = 443;
     return url.host() + QLatin1Char(':') + QString::number(url.port(kHttpsPort));
@@ -45,31 +47,67 @@ bool isCutShort(const QNetworkReply &reply, qint64 received)
     return length.isValid() && !reply.hasRawHeader("Content-Encoding") && received < length.toLongLong();
 }
 
+std::string hungUp()
+{
+    return localized("la connexion a été coupée.");
+}
+
+// The empty body of a request. Where a server hangs up before it has answered, Qt would ask again, three times, or wait
+// on in vain; it does not when there is a body that cannot be read a second time.
+class OnceOnly final : public QIODevice {
+public:
+    bool isSequential() const override { return true; }
+    bool reset() override { return false; }
+
+protected:
+    qint64 readData(char *, qint64) override { return -1; }
+    qint64 writeData(const char *, qint64) override { return -1; }
+};
+
+// Whether the connection can take another request. One that is being closed must not be counted as closed already.
+bool staysOpen(const QNetworkReply &reply, qint64 received)
+{
+    const int status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    const bool hasEnd = reply.hasRawHeader("Content-Length") || reply.hasRawHeader("Transfer-Encoding");
+    return isWhole(reply.error(), status) && hasEnd && !isCutShort(reply, received) &&
+           !reply.rawHeader("Connection").toLower().contains("close");
+}
+
 } // namespace
 
-// The connections to one server. Qt reuses them, and opens another one only when all are busy; each server has a
-// manager of its own, so that those of one can be closed.
-struct HttpsClient::Origin {
+// A manager opens up to six connections to each server, and another one while an old one is being closed. With one for
+// each connection, which is given one request at a time and is cleared whenever its connection ends, they can be
+// counted.
+struct HttpsClient::Slot {
     QNetworkAccessManager manager;
-    int active = 0;      // requests
-    int connections = 0; // open ones at the most
+    QString server; // empty while there is no connection
+    bool isBusy = false;
+
+    void close()
+    {
+        if (!server.isEmpty())
+            manager.clearConnectionCache();
+        server.clear();
+    }
 };
 
 struct HttpsClient::Job {
     Job(QUrl address, const Limits &given, Progress progress)
         : url(std::move(address))
+        , server(serverOf(url))
         , limits(given)
         , onProgress(std::move(progress))
     {}
 
     QUrl url;
+    QString server;
     Limits limits;
     Progress onProgress;
     QPromise<Result> promise;
     QTimer deadline;
     QByteArray body;
-    Origin *origin = nullptr;
-    QNetworkReply *reply = nullptr;    // of the manager; null when none is under way
+    Slot *slot = nullptr;              // null while it waits
+    QNetworkReply *reply = nullptr;    // of the slot's manager; likewise
     std::optional<Error::Case> reason; // why it was stopped
     int redirects = 0;
 };
@@ -93,7 +131,14 @@ std::string HttpsClient::Error::description() const
 
 HttpsClient::HttpsClient(QObject *parent)
     : QObject(parent)
-{}
+{
+    m_idle.setSingleShot(true);
+    m_idle.callOnTimeout(this, &HttpsClient::closeIdle);
+    connect(&m_tlsLoading, &QFutureWatcherBase::finished, this, [this] {
+        m_tls = m_tlsLoading.result();
+        startWaiting();
+    });
+}
 
 HttpsClient::~HttpsClient()
 {
@@ -120,94 +165,78 @@ QFuture<HttpsClient::Result> HttpsClient::get(const QUrl &url, const Limits &lim
         finish(*job, tl::unexpected(Error{Error::Case::notHttps, url.host().toStdString()}));
         return future;
     }
-    if (m_tls.isNull())
-        m_tls = systemTls();
     m_waiting.push_back(job);
-    startWaiting();
+    if (m_tls.isNull())
+        loadTls();
+    else
+        startWaiting();
     return future;
+}
+
+// To read all certificates takes longer than a window may stand still.
+void HttpsClient::loadTls()
+{
+    if (!m_tlsLoading.isRunning())
+        m_tlsLoading.setFuture(QtConcurrent::run(systemTls));
 }
 
 void HttpsClient::startWaiting()
 {
-    noteOrigins();
+    noteServers();
     for (auto next = m_waiting.begin(); next != m_waiting.end();) {
-        if (m_running.size() == kMostConnections)
+        if (m_running.size() == m_slots.size())
             return;
         const JobPointer job = *next;
-        Origin &origin = originOf(job->url);
-        if (!makeRoom(origin)) {
+        job->slot = slotFor(job->server);
+        if (job->slot == nullptr) {
             ++next;
             continue;
         }
         next = m_waiting.erase(next);
         m_running.push_back(job);
-        job->origin = &origin;
-        ++origin.active;
-        origin.connections = std::max(origin.connections, origin.active);
         start(job);
     }
 }
 
-// Whether another request to this server keeps within the limit; closes connections that nobody uses for that.
-bool HttpsClient::makeRoom(Origin &origin)
+// One whose connection leads to the server, else one without a connection, else one whose connection nobody uses; null
+// while this server has its share.
+HttpsClient::Slot *HttpsClient::slotFor(const QString &server)
 {
-    if (origin.connections > share()) { // it was alone until now, and gives some back once it is idle
-        if (origin.active > 0)
-            return false;
-        closeConnections(origin);
+    std::size_t busy = 0;
+    Slot *found = nullptr;
+    const auto fitness = [&](const Slot &slot) { return slot.server == server ? 2 : slot.server.isEmpty() ? 1 : 0; };
+    for (std::unique_ptr<Slot> &slot : m_slots) {
+        if (slot == nullptr)
+            slot = std::make_unique<Slot>();
+        if (slot->isBusy)
+            busy += slot->server == server ? 1 : 0;
+        else if (found == nullptr || fitness(*slot) > fitness(*found))
+            found = slot.get();
     }
-    if (origin.active < origin.connections)
-        return true;
-    if (origin.connections == share())
-        return false;
-    if (connections() < kMostConnections)
-        return true;
-    const auto idle = std::find_if(m_origins.begin(), m_origins.end(), [](const auto &entry) {
-        return entry.second->active == 0 && entry.second->connections > 0;
-    });
-    if (idle == m_origins.end())
-        return false;
-    closeConnections(*idle->second);
-    return true;
+    if (found == nullptr || busy >= share())
+        return nullptr;
+    if (found->server != server)
+        found->close();
+    found->server = server;
+    found->isBusy = true;
+    return found;
 }
 
-void HttpsClient::closeConnections(Origin &origin) const
-{
-    origin.manager.clearConnectionCache();
-    origin.connections = 0;
-}
-
-// How many of the connections a server may have. Once several servers were asked at the same time, each leaves room for
+// How many of the connections a server may use. Once several servers were asked at the same time, each leaves room for
 // another, so that one that is slow does not hold up all.
-int HttpsClient::share() const
+std::size_t HttpsClient::share() const
 {
-    return m_mostOrigins == 1 ? kMostConnections : m_mostOrigins == 2 ? kMostConnections / 2 : kMostConnections / 3;
+    return m_slots.size() / std::min<std::size_t>(m_mostServers, 3);
 }
 
-int HttpsClient::connections() const
+void HttpsClient::noteServers()
 {
-    int sum = 0;
-    for (const auto &[key, origin] : m_origins)
-        sum += origin->connections;
-    return sum;
-}
-
-void HttpsClient::noteOrigins()
-{
-    std::set<QString> origins;
+    std::set<QString> servers;
     for (const auto *jobs : {&m_waiting, &m_running}) {
         for (const JobPointer &job : *jobs)
-            origins.insert(originKey(job->url));
+            servers.insert(job->server);
     }
-    m_mostOrigins = std::max(m_mostOrigins, origins.size());
-}
-
-HttpsClient::Origin &HttpsClient::originOf(const QUrl &url)
-{
-    std::unique_ptr<Origin> &origin = m_origins[originKey(url)];
-    if (origin == nullptr)
-        origin = std::make_unique<Origin>();
-    return *origin;
+    m_mostServers = std::max(m_mostServers, servers.size());
 }
 
 void HttpsClient::start(const JobPointer &job)
@@ -221,7 +250,12 @@ void HttpsClient::start(const JobPointer &job)
     request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
     request.setTransferTimeout(static_cast<int>(job->limits.silence.count()));
     job->body.clear();
-    job->reply = job->origin->manager.get(request);
+    request.setAttribute(QNetworkRequest::DoNotBufferUploadDataAttribute, true);
+    request.setHeader(QNetworkRequest::ContentLengthHeader, 0);
+    auto body = std::make_unique<OnceOnly>();
+    body->open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+    job->reply = job->slot->manager.sendCustomRequest(request, "GET", body.get());
+    body.release()->setParent(job->reply);
     connect(job->reply, &QNetworkReply::readyRead, this, [this, job] { takeBytes(*job); });
     connect(
         job->reply, &QNetworkReply::finished, this, [this, job] { end(job); }, Qt::QueuedConnection);
@@ -260,15 +294,32 @@ void HttpsClient::stop(Job &job, Error::Case reason) const
 void HttpsClient::end(const JobPointer &job)
 {
     takeBytes(*job);
-    --job->origin->active;
     m_running.remove(job);
+    if (job->reason || !staysOpen(*job->reply, job->body.size()))
+        job->slot->close();
     const bool isRedirected = followRedirect(job);
     Result result = isRedirected ? Result() : outcome(*job);
-    job->reply->deleteLater();
-    job->reply = nullptr;
+    leaveSlot(*job);
     if (!isRedirected)
         finish(*job, std::move(result));
     startWaiting();
+}
+
+void HttpsClient::leaveSlot(Job &job)
+{
+    job.slot->isBusy = false;
+    job.slot = nullptr;
+    job.reply->deleteLater();
+    job.reply = nullptr;
+    m_idle.start(kIdle);
+}
+
+void HttpsClient::closeIdle()
+{
+    for (const std::unique_ptr<Slot> &slot : m_slots) {
+        if (slot != nullptr && !slot->isBusy)
+            slot->close();
+    }
 }
 
 // True when the answer names another address and the job waits again, for that.
@@ -281,6 +332,7 @@ bool HttpsClient::followRedirect(const JobPointer &job)
     if (!mayFetch(address) || ++job->redirects > kMostRedirects)
         return false;
     job->url = address;
+    job->server = serverOf(address);
     m_waiting.push_front(job);
     return true;
 }
@@ -294,10 +346,12 @@ HttpsClient::Result HttpsClient::outcome(Job &job) const
     const int status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     if (reply.error() == QNetworkReply::OperationCanceledError) // nobody else has stopped it
         return tl::unexpected(Error{Error::Case::timedOut, host});
+    if (reply.error() == QNetworkReply::ContentReSendError)
+        return tl::unexpected(Error{Error::Case::noAnswer, host, hungUp()});
     if (!isWhole(reply.error(), status))
         return tl::unexpected(Error{Error::Case::noAnswer, host, reply.errorString().toStdString()});
     if (isCutShort(reply, job.body.size()))
-        return tl::unexpected(Error{Error::Case::noAnswer, host, localized("la connexion a été coupée.")});
+        return tl::unexpected(Error{Error::Case::noAnswer, host, hungUp()});
     return Response{status, std::move(job.body)};
 }
 

@@ -2,16 +2,18 @@
 
 #include <QByteArray>
 #include <QFuture>
+#include <QFutureWatcher>
 #include <QObject>
 #include <QSslConfiguration>
+#include <QTimer>
 #include <QUrl>
 #include <tl/expected.hpp>
 
+#include <array>
 #include <chrono>
 #include <cstdint>
 #include <functional>
 #include <list>
-#include <map>
 #include <memory>
 #include <string>
 
@@ -21,7 +23,7 @@ namespace kerlune {
 
 // Fetches what servers offer over HTTPS, six at a time; the others wait in the order in which they came. However many
 // servers there are, no more than six connections are open at once, idle ones included. Only https addresses are
-// followed, the first one and where it leads to.
+// followed, the first one and where it leads to. What was sent once is not sent again, also when the server hangs up.
 //
 // Thread: main. A future always finishes with a result, also when the client goes.
 // Errors: no answer, or not a whole one. An answer of any status is a response; its caller judges it.
@@ -64,29 +66,31 @@ public:
 
 private:
     struct Job;
-    struct Origin; // a server, with its connections
+    struct Slot; // one connection, open or not
     using JobPointer = std::shared_ptr<Job>;
 
+    void loadTls();
     void startWaiting();
-    bool makeRoom(Origin &origin);
-    void closeConnections(Origin &origin) const;
-    int share() const;
-    int connections() const;
-    Origin &originOf(const QUrl &url);
+    Slot *slotFor(const QString &server);
+    std::size_t share() const;
+    void noteServers();
     void start(const JobPointer &job);
     void takeBytes(Job &job) const;
     void stop(Job &job, Error::Case reason) const;
     void end(const JobPointer &job);
+    void leaveSlot(Job &job);
     Result outcome(Job &job) const;
     bool followRedirect(const JobPointer &job);
     void finish(Job &job, Result result) const;
-    void noteOrigins();
+    void closeIdle();
 
-    QSslConfiguration m_tls;
-    std::map<QString, std::unique_ptr<Origin>> m_origins;
+    QSslConfiguration m_tls; // null until the certificates have been read
+    QFutureWatcher<QSslConfiguration> m_tlsLoading;
+    std::array<std::unique_ptr<Slot>, kMostConnections> m_slots;
     std::list<JobPointer> m_waiting;
     std::list<JobPointer> m_running;
-    std::size_t m_mostOrigins = 1; // that were asked at the same time so far
+    std::size_t m_mostServers = 1; // that were asked at the same time so far
+    QTimer m_idle;                 // since the last answer
 };
 
 } // namespace kerlune

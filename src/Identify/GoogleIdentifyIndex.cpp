@@ -60,21 +60,23 @@ QCoro::Task<> GoogleIdentifyIndex::build(GoogleFamilies families)
 
 QCoro::Task<> GoogleIdentifyIndex::buildBatch(GoogleFamilies batch)
 {
-    const QPointer<GoogleIdentifyIndex> self(this);
-    std::vector<std::pair<std::string, QFuture<FontRecordPointer>>> running;
+    std::vector<QCoro::Task<>> running;
     for (const GoogleFontFamily &family : batch) {
         if (!m_descriptors.contains(family.family)) {
-            running.emplace_back(family.family,
-                                 m_subsets.fetch(family.family, GoogleSubsets::alphabet(), family.cssStyleSpec()));
+            auto fetching = m_subsets.fetch(family.family, GoogleSubsets::alphabet(), family.cssStyleSpec());
+            running.push_back(take(family.family, std::move(fetching)));
         }
     }
-    for (const auto &[family, fetching] : running) {
-        const FontRecordPointer font = co_await fetching;
-        if (!self)
-            co_return;
-        if (font != nullptr)
-            m_descriptors.emplace(family, font);
-    }
+    for (QCoro::Task<> &fetching : running)
+        co_await fetching;
+}
+
+QCoro::Task<> GoogleIdentifyIndex::take(std::string family, QFuture<FontRecordPointer> fetching)
+{
+    const QPointer<GoogleIdentifyIndex> self(this);
+    const FontRecordPointer font = co_await fetching;
+    if (self && font != nullptr)
+        m_descriptors.emplace(std::move(family), font);
 }
 
 } // namespace kerlune

@@ -50,13 +50,15 @@ public:
     QBindable<std::size_t> bindableReadyCount() { return &m_readyCount; }
     QBindable<std::optional<std::string>> bindableLastError() { return &m_lastError; }
 
-    // Takes what is there already; nothing is downloaded. Blocks while it reads the files, on all cores.
+    // Takes what is there already; nothing is downloaded. Blocks while it reads the files, on all cores: some 40 ms for
+    // 1,900 families. build() reads them without blocking.
     void loadFromCache(const GoogleFamilies &families);
     // Downloads what is missing, six at a time. A second one while one runs does nothing.
     QCoro::Task<> build(GoogleFamilies families);
 
 private:
     QCoro::Task<> buildBatch(GoogleFamilies batch);
+    QCoro::Task<> take(std::string family, QFuture<FontRecordPointer> fetching);
 
     GoogleSubsets &m_subsets;
     QProperty<bool> m_isBuilding;

@@ -338,6 +338,7 @@ private:
     void selectForShuffle(std::size_t position);
     std::vector<FontRecordPointer> facesFor(const UsedFont &font) const;
     void failGoogleFamily(const std::string &name, std::string error);
+    QCoro::Task<bool> removeGoogleFiles(std::string name);
     template <typename Change>
     bool write(Change &&change); // to the store; false without one
 
@@ -365,6 +366,7 @@ private:
     GoogleFamilyFiles m_googleFiles;
     GooglePreviewStore m_googlePreviews;
     GoogleIdentifyIndex m_googleIdentify;
+    FamilyNames m_googleRemovals; // that are under way
 
     std::int64_t m_listRevision = 0; // grows with changes that the signature does not tell apart
     mutable GlyphCoverage m_glyphs;

@@ -82,7 +82,7 @@ void AppState::refreshGoogleInstalled()
 
 QCoro::Task<bool> AppState::installGoogleFamily(std::string name)
 {
-    if (googleInstallProgress().contains(name))
+    if (googleInstallProgress().contains(name) || m_googleRemovals.contains(name))
         co_return false;
     const QPointer<AppState> self(this);
     googleInstallErrors.set(without(googleInstallErrors(), name));
@@ -123,6 +123,17 @@ QCoro::Task<bool> AppState::installGoogleFamily(std::string name)
 
 QCoro::Task<bool> AppState::removeGoogleFamily(std::string name)
 {
+    if (!m_googleRemovals.insert(name).second)
+        co_return false;
+    const QPointer<AppState> self(this);
+    const bool isRemoved = co_await removeGoogleFiles(name);
+    if (self)
+        m_googleRemovals.erase(name);
+    co_return isRemoved;
+}
+
+QCoro::Task<bool> AppState::removeGoogleFiles(std::string name)
+{
     const QPointer<AppState> self(this);
     const auto installed = installedFamilies(m_googleInstallRoot);
     const auto found = installed.find(name);
@@ -151,7 +162,9 @@ QCoro::Task<bool> AppState::removeGoogleFamily(std::string name)
         co_await setFilesActive(active, true); // everything is as it was
         co_return false;
     }
-    setNotice({localized("« %1 » retirée. Les fichiers sont dans la Corbeille.", {name})});
+    const GoogleFontFamily *listed = googleFamily(name);
+    setNotice({localized("« %1 » retirée. Les fichiers sont dans la Corbeille.",
+                         {listed == nullptr ? name : listed->shownName()})});
     co_return true;
 }
 

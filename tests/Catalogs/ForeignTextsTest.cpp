@@ -94,10 +94,11 @@ TEST(GoogleFileList, TakesFontsAndLicencesAndEachStyleOnce)
                              R"({"manifest": {"fileRefs": [)" +
                              fonts + R"(], "files": )" + files + "}}");
     };
-    const auto list =
-        parsed(font + R"(, {"filename": "x.exe", "url": "https://h/x"}, {"filename": "a.ttf"},
+    const auto list = parsed(
+        font +
+            R"(, {"filename": "again.ttf", "url": "https://h/b"}, {"filename": "x.exe", "url": "https://h/x"}, {"filename": "a.ttf"},
                                        {"filename": "a.ttf", "url": "http://h/x"}, 3)",
-               R"([{"filename": "OFL.txt", "contents": "free"}, {"filename": "run.sh", "contents": "x"}])");
+        R"([{"filename": "OFL.txt", "contents": "free"}, {"filename": "run.sh", "contents": "x"}])");
     ASSERT_TRUE(list);
     EXPECT_THAT(list->fonts,
                 ElementsAre(GoogleFileList::Font{"static/A-Bold.ttf", QUrl(QStringLiteral("https://h/b"))}));

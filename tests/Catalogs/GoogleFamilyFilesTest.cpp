@@ -145,7 +145,9 @@ TEST_F(GoogleFamilyFilesTest, KeepsForeignNamesInsideTheRoot)
         ASSERT_TRUE(family) << name << ": " << family.error().description();
         EXPECT_EQ(family->folder.parent_path(), m_root) << name;
     }
-    EXPECT_THAT(installedFamilies(m_root), testing::SizeIs(6));
+    for (const char *name : {"../x", "..-x", "a-b"}) // two of them cannot have the folder that they would
+        EXPECT_EQ(download(name)->wasThere, name == std::string("../x")) << name;
+    EXPECT_THAT(installedFamilies(m_root), testing::SizeIs(8));
     EXPECT_THAT(std::vector<fs::path>(fs::directory_iterator(m_home.path()), fs::directory_iterator()),
                 ElementsAre(m_root));
 }

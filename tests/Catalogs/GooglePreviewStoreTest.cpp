@@ -4,7 +4,10 @@
 #include "Events.h"
 #include "GoogleServer.h"
 
+#include <QUrlQuery>
 #include <gmock/gmock.h>
+
+#include <algorithm>
 
 namespace kerlune {
 namespace {
@@ -150,6 +153,34 @@ TEST_F(GooglePreviewStoreTest, FetchesAFamilyOnceForAllWhoWantIt)
     EXPECT_NE(first.result(), nullptr);
     EXPECT_EQ(first.result(), second.result());
     EXPECT_EQ(m_server.requests().size(), 2U);
+}
+
+TEST_F(GooglePreviewStoreTest, TakesFirstWhatWasAskedForLast)
+{
+    nlohmann::json fonts;
+    for (int i = 0; i < 8; ++i)
+        fonts["F" + std::to_string(i)] = {{"file", testFont("plain.ttf")}, {"delay", 1}};
+    m_server.setPlan({{"font", fonts}});
+    writeFile(m_folder / "F17.ttf", readFile(testFont("plain.ttf")));
+    for (int i = 0; i < 20; ++i)
+        m_store->request(family("F" + std::to_string(i)));
+    ASSERT_TRUE(waitUntil([&] { return m_server.requestsFor("/font/") == 6; }));
+    EXPECT_NE(m_store->descriptor("F17"), nullptr); // what is on disk waits for nobody
+    for (const char *name : {"New", "F19", "F18"})
+        m_store->request(family(name));
+    ASSERT_TRUE(waitUntil([&] { return m_store->revision() == 21; }));
+    std::vector<std::string> order;
+    for (const std::string &request : m_server.requests()) {
+        if (request.starts_with("/css2"))
+            order.push_back(QUrlQuery(QUrl(QString::fromStdString(request)))
+                                .queryItemValue(QStringLiteral("family"))
+                                .toStdString());
+    }
+    ASSERT_EQ(order.size(), 20U);
+    const auto at = [&](const char *name) { return std::find(order.begin(), order.end(), name) - order.begin(); };
+    for (const char *name : {"New", "F19", "F18"})
+        EXPECT_LT(at(name), 12) << name; // with the next six
+    EXPECT_GE(at("F16"), 12);            // the last of those that wait as before
 }
 
 TEST_F(GooglePreviewStoreTest, ClearsTheFolderOfAnEarlierDesign)

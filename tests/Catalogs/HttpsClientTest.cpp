@@ -125,6 +125,31 @@ TEST_F(HttpsClientTest, KeepsToSixConnectionsHoweverManyServersThereAre)
     EXPECT_EQ(m_server.requestsFor("/font/"), 90U);
 }
 
+TEST_F(HttpsClientTest, KeepsToSixConnectionsAndAsksOnceWhereAnswersFail)
+{
+    const std::vector<nlohmann::json> answers{
+        {{"body", "a"}},     {{"status", 404}}, {{"cut", 5'000}},  {{"reset", true}}, {{"close", true}},
+        {{"endless", true}}, {{"stall", 2}},    {{"status", 500}}, {{"body", "b"}},   {{"redirect", "/font/0"}}};
+    nlohmann::json plan;
+    for (std::size_t i = 0; i < 120; ++i)
+        plan[std::to_string(i)] = answers[i % answers.size()];
+    m_server.setPlan({{"font", plan}});
+    std::vector<QFuture<HttpsClient::Result>> all;
+    for (int i = 0; i < 120; ++i) {
+        const std::string path = "/font/" + std::to_string(i);
+        const std::string url = i / 10 % 2 == 0 ? m_server.url(path) : m_server.otherUrl(path);
+        all.push_back(m_client->get(QUrl(QString::fromStdString(url)), {.mostBytes = 1 << 20, .silence = 500ms}));
+    }
+    EXPECT_TRUE(waitUntil(
+        [&] { return std::all_of(all.begin(), all.end(), [](const auto &future) { return future.isFinished(); }); }));
+    EXPECT_LE(m_server.mostConnections(), HttpsClient::kMostConnections);
+    const std::vector<std::string> requests = m_server.requests();
+    for (std::size_t i = 1; i < 120; ++i) {
+        EXPECT_EQ(std::count(requests.begin(), requests.end(), "/font/" + std::to_string(i)), 1)
+            << answers[i % answers.size()];
+    }
+}
+
 TEST_F(HttpsClientTest, EndsWithAResultWhenItGoes)
 {
     m_server.setPlan({{"font", {{"stall", {{"stall", 20}}}}}});

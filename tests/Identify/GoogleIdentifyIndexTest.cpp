@@ -98,6 +98,17 @@ TEST_F(GoogleIdentifyIndexTest, LivesOnWhatIsCachedWhenTheNetworkIsOff)
     EXPECT_EQ(m_index.progress(), 1);
 }
 
+TEST_F(GoogleIdentifyIndexTest, TakesEachFontAsItComes)
+{
+    m_server.setPlan({{"font", {{"F0", {{"file", testFont("plain.ttf")}, {"delay", 0.4}}}}}});
+    auto building = m_index.build(families(3));
+    ASSERT_TRUE(waitUntil([&] { return m_index.descriptors().size() == 2; }));
+    EXPECT_THAT(m_index.descriptors(), ElementsAre(Key("F1"), Key("F2")));
+    EXPECT_EQ(m_index.readyCount(), 0U); // told once for the batch
+    QCoro::waitFor(std::move(building));
+    EXPECT_EQ(m_index.readyCount(), 3U);
+}
+
 TEST_F(GoogleIdentifyIndexTest, MayGoWhileItBuilds)
 {
     m_server.setPlan({{"font", {{"F0", {{"stall", 5}}}}}});

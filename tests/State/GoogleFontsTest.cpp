@@ -165,7 +165,11 @@ TEST_F(GoogleFontsTest, InstallsActivatesAndRemovesAFamily)
     EXPECT_EQ(m_state->notice(), (Notice{"« Garnet » installée (1 fichier).", false}));
     EXPECT_EQ(namesInFcList().size(), 1U); // every program sees it
 
-    EXPECT_TRUE(QCoro::waitFor(m_state->removeGoogleFamily("Garnet")));
+    auto removing = m_state->removeGoogleFamily("Garnet");
+    EXPECT_FALSE(QCoro::waitFor(m_state->removeGoogleFamily("Garnet")));
+    EXPECT_FALSE(QCoro::waitFor(m_state->installGoogleFamily("Garnet")));
+    EXPECT_TRUE(QCoro::waitFor(std::move(removing)));
+    EXPECT_THAT(m_state->googleInstallErrors(), IsEmpty());
     EXPECT_THAT(linked(), IsEmpty());
     EXPECT_FALSE(fs::exists(root() / "Garnet"));
     EXPECT_THAT(m_state->googleInstalledFamilies(), IsEmpty());

@@ -1,5 +1,6 @@
 #include "Catalogs/GoogleFontsCatalog.h"
 #include "Catalogs/GoogleSubsets.h"
+#include "UI/Browser/BrowserLayout.h"
 #include "UI/Catalog/CatalogList.h"
 #include "UI/Catalog/CatalogPage.h"
 #include "UI/Catalog/CatalogQuery.h"
@@ -10,8 +11,10 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
 
 #include <fstream>
+#include <set>
 
 namespace kerlune {
 namespace {
@@ -70,10 +73,10 @@ protected:
         unsetenv("KERLUNE_GOOGLE_CSS_URL");
     }
 
-    void putCatalog() const
+    void putCatalog(const GoogleFamilies &catalog = kCatalog) const
     {
         nlohmann::json families = nlohmann::json::array();
-        for (const GoogleFontFamily &family : kCatalog)
+        for (const GoogleFontFamily &family : catalog)
             families.push_back(encodeGoogleFamily(family));
         const auto file = GoogleFontsCatalog::cacheFile(m_directories);
         std::filesystem::create_directories(file.parent_path());
@@ -148,6 +151,25 @@ TEST_F(CatalogTest, ListsWhatTheFiltersLeave)
     EXPECT_TRUE(waitFor([&] { return listedNames(*window).size() == 4; }));
 }
 
+TEST_F(CatalogTest, BeginsAtTheTopWhenOtherFamiliesAreListed)
+{
+    GoogleFamilies many;
+    for (int i = 0; i < 400; ++i)
+        many.push_back(made("F" + std::to_string(i), i % 2 == 0 ? "Serif" : "Display", i, "2020-01-01"));
+    putCatalog(many);
+    const auto window = open();
+    QScrollBar &bar = *find<QListView>(*window, "catalogList").verticalScrollBar();
+    ASSERT_TRUE(waitFor([&] { return bar.maximum() > 1000; }));
+    bar.setValue(bar.maximum());
+    find<QComboBox>(*window, "catalogCategories").setCurrentIndex(1);
+    EXPECT_TRUE(waitFor([&] { return listedNames(*window).size() == 200; }));
+    EXPECT_EQ(bar.value(), 0);
+    bar.setValue(500);
+    QTest::mouseClick(&find<QWidget>(*window, "catalogRefresh"), Qt::LeftButton);
+    EXPECT_TRUE(waitFor([&] { return find<QPushButton>(*window, "catalogRetry").isVisible(); }));
+    EXPECT_EQ(bar.value(), 500);
+}
+
 TEST_F(CatalogTest, SaysWhatFailedAndKeepsWhatIsThere)
 {
     putCatalog();
@@ -175,6 +197,27 @@ TEST_F(CatalogTest, OffersToTryAgainWhereThereIsNoList)
     EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [](const QLabel *label) {
         return label->isVisible() && label->text() == QStringLiteral("Catalogue indisponible");
     }));
+}
+
+TEST_F(CatalogTest, ShowsAWaterfallOfSizes)
+{
+    putCatalog();
+    putPreview("Un");
+    const auto window = open();
+    state().viewMode = ViewMode::waterfall;
+    auto &list = find<QListView>(*window, "catalogList");
+    const BrowserLayout layout({.mode = BrowserLayout::Mode::waterfall, .width = list.viewport()->width(), .count = 1});
+    ASSERT_TRUE(waitFor([&] { return list.gridSize().height() == layout.cellSize().height(); }));
+    EXPECT_TRUE(waitFor([&] { return window->isPainted(); }));
+    const QImage image = list.viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    const QRect row = list.visualRect(list.model()->index(0, 0));
+    for (const QRect &line : layout.cell().previews) {
+        const QRect area = line.translated(row.topLeft());
+        std::set<QRgb> colors;
+        for (int x = area.left(); x < area.right() && x < image.width(); ++x)
+            colors.insert(image.pixel(x, area.center().y()));
+        EXPECT_GT(colors.size(), 1U) << "no letters in the line of " << line.height();
+    }
 }
 
 TEST_F(CatalogTest, ComparesWithTheUsersOwn)

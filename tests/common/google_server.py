@@ -13,13 +13,15 @@ prints its two ports, which answer alike. The plan is a JSON file, read anew for
     "list"       answers to /download/list by family; else 404
 
 An answer is an object with one of: "status" (with an optional "body"), "body", "file", "base64", "redirect" (an
-address), "stall" (seconds), "cut" (bytes that are sent of 10,000), "endless" (true), "close" (true). "delay" (seconds)
-may stand with any. Each request is a line of the log: the open connections, a tab, the path.
+address), "stall" (seconds), "cut" (bytes that are sent of 10,000), "endless" (true), "close" (true), "reset" (true: without a
+goodbye). "delay" (seconds) may stand with any. Each request is a line of the log: the open connections, a tab, the path.
 """
 
 import base64
 import json
+import socket
 import ssl
+import struct
 import sys
 import threading
 import time
@@ -29,8 +31,17 @@ from urllib.parse import parse_qs, quote, unquote, urlsplit
 
 CERTIFICATE, KEY, PLAN, LOG = sys.argv[1:]
 turn = threading.Lock()
-connections = 0
+connections = set()
 ports = []
+
+
+def is_open(connection: socket.socket) -> bool:
+    """As the system has it: the thread that serves a connection hears late of its end."""
+    established = 1
+    try:
+        return connection.getsockopt(socket.IPPROTO_TCP, socket.TCP_INFO, 1)[0] == established
+    except OSError:
+        return False
 
 
 class Handler(BaseHTTPRequestHandler):
@@ -38,24 +49,22 @@ class Handler(BaseHTTPRequestHandler):
     timeout = 60
 
     def setup(self):
-        global connections
+        with turn:
+            connections.add(self.request)
         self.request.settimeout(self.timeout)
         self.request.do_handshake()
-        with turn:
-            connections += 1
         super().setup()
 
     def finish(self):
-        global connections
         try:
             super().finish()
         finally:
             with turn:
-                connections -= 1
+                connections.discard(self.request)
 
     def do_GET(self):
         with turn, open(LOG, "a", encoding="utf-8") as log:
-            log.write(f"{connections}\t{self.path}\n")
+            log.write(f"{sum(map(is_open, connections))}\t{self.path}\n")
         plan = json.loads(Path(PLAN).read_text(encoding="utf-8"))
         try:
             self.give(self.planned(plan))
@@ -89,7 +98,11 @@ class Handler(BaseHTTPRequestHandler):
         time.sleep(answer.get("delay", 0))
         if "stall" in answer:
             time.sleep(answer["stall"])
-        if answer.get("close") or "stall" in answer:
+        if answer.get("reset"):
+            self.request.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, struct.pack("ii", 1, 0))
+            self.request.close()
+            self.close_connection = True
+        elif answer.get("close") or "stall" in answer:
             self.close_connection = True
         elif "redirect" in answer:
             self.begin(302, [("Location", answer["redirect"]), ("Content-Length", "0")])

@@ -19,7 +19,6 @@ constexpr double kCharacterWidth = 0.55; // of the em, of a usual Latin text
 constexpr double kLineHeight = 1.4;      // of the em
 constexpr int kLeastListDetails = 120;
 constexpr int kMostListDetails = 300;
-constexpr int kSizeLabelWidth = 32;
 
 int roundedUp(double pixels)
 {

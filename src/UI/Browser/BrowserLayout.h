@@ -47,6 +47,7 @@ public:
     };
 
     static const std::vector<int> &waterfallSizes(); // of the em
+    static constexpr int kSizeLabelWidth = 32;       // before each line of the waterfall
 
     BrowserLayout() = default;
     explicit BrowserLayout(const Measures &measures);

@@ -1,5 +1,6 @@
 #include "UI/Catalog/CatalogDelegate.h"
 
+#include "UI/Browser/CellPreviews.h"
 #include "UI/Catalog/CatalogModel.h"
 #include "UI/InterfaceText.h"
 #include "UI/Preview/PreviewPainting.h"
@@ -33,6 +34,8 @@ CatalogDelegate::CatalogDelegate(Workspace &workspace, const CatalogModel &model
 
 int CatalogDelegate::height() const
 {
+    if (m_form == Form::Waterfall)
+        return BrowserLayout({.mode = BrowserLayout::Mode::waterfall, .count = 1}).cellSize().height();
     const double em = m_workspace.state().previewSize.value();
     const int preview = static_cast<int>(std::ceil(em * 1.6 / kGridStep)) * kGridStep;
     if (m_form == Form::Line)
@@ -40,37 +43,69 @@ int CatalogDelegate::height() const
     return std::clamp(preview, 9 * kGridStep, 25 * kGridStep) + kNamesHeight + 2 * kCardPadding + kCardGap;
 }
 
-QRect CatalogDelegate::previewRect(const QRect &cell) const
+void CatalogDelegate::setCell(const QSize &cell)
 {
-    if (m_form == Form::Line)
-        return cell.adjusted(kCardPadding + kNameColumn, 2, -kCardPadding - kSignRoom, -2);
-    return ground(cell).adjusted(kCardPadding, kGridStep, -kCardPadding, -kCardPadding - kNamesHeight);
+    m_cell = cell;
+    m_waterfall = BrowserLayout({.mode = BrowserLayout::Mode::waterfall, .width = cell.width(), .count = 1});
 }
 
-QRect CatalogDelegate::nameRect(const QRect &cell) const
+std::vector<QRect> CatalogDelegate::previewRects(const QRect &cell) const
 {
     if (m_form == Form::Line)
-        return {cell.left() + kCardPadding, cell.center().y() - kNamesHeight / 2, kNameColumn - kCardGap, kNamesHeight};
+        return {cell.adjusted(kCardPadding + kNameColumn, 2, -kCardPadding - kSignRoom, -2)};
+    if (m_form == Form::Card)
+        return {ground(cell).adjusted(kCardPadding, kGridStep, -kCardPadding, -kCardPadding - kNamesHeight)};
+    std::vector<QRect> lines = m_waterfall.cell().previews;
+    for (QRect &line : lines)
+        line.translate(cell.topLeft());
+    return lines;
+}
+
+CatalogDelegate::Names CatalogDelegate::nameRects(const QRect &cell) const
+{
+    if (m_form == Form::Waterfall) {
+        return {m_waterfall.cell().name.translated(cell.topLeft()),
+                m_waterfall.cell().details.translated(cell.topLeft())};
+    }
     const QRect card = ground(cell);
-    return {card.left() + kCardPadding, card.bottom() + 1 - kCardPadding - kNamesHeight,
-            card.width() - 2 * kCardPadding - kSignRoom, kNamesHeight};
+    const QRect both = m_form == Form::Line
+                           ? QRect(cell.left() + kCardPadding, cell.center().y() - kNamesHeight / 2,
+                                   kNameColumn - kCardGap, kNamesHeight)
+                           : QRect(card.left() + kCardPadding, card.bottom() + 1 - kCardPadding - kNamesHeight,
+                                   card.width() - 2 * kCardPadding - kSignRoom, kNamesHeight);
+    return {both.adjusted(0, 0, 0, -kNamesHeight / 2), both.adjusted(0, kNamesHeight / 2, 0, 0)};
 }
 
 QRect CatalogDelegate::signRect(const QRect &cell) const
 {
+    if (m_form == Form::Waterfall)
+        return m_waterfall.cell().sign.translated(cell.topLeft());
     const QRect inner = m_form == Form::Line ? cell : ground(cell);
-    const QRect name = nameRect(cell);
-    return {inner.right() + 1 - kCardPadding - kSignRoom + 6, name.center().y() - kSignRoom / 2, kSignRoom, kSignRoom};
+    const Names names = nameRects(cell);
+    return {inner.right() + 1 - kCardPadding - kSignRoom + 6, names.details.top() - 1 - kSignRoom / 2, kSignRoom,
+            kSignRoom};
 }
 
-PreviewRequest CatalogDelegate::request(int row, qreal devicePixelRatio) const
+std::vector<PreviewRequest> CatalogDelegate::requests(int row, qreal devicePixelRatio) const
 {
-    const QRect area = previewRect(QRect(QPoint(0, 0), m_cell));
-    return {.face = m_workspace.state().googlePreviews().descriptor(m_model.family(row).family),
-            .text = m_workspace.previewText(),
-            .emPixels = m_workspace.state().previewSize.value() * devicePixelRatio,
-            .size = (QSizeF(area.size()) * devicePixelRatio).toSize(),
-            .color = m_workspace.theme().colors().text};
+    const FontRecordPointer face = m_workspace.state().googlePreviews().descriptor(m_model.family(row).family);
+    if (face == nullptr)
+        return {};
+    const std::string text = m_workspace.previewText();
+    const QColor color = m_workspace.theme().colors().text;
+    if (m_form == Form::Waterfall) {
+        const CellPreviews cell(m_waterfall, text, color, devicePixelRatio);
+        std::vector<PreviewRequest> lines;
+        for (std::size_t i = 0; i < cell.count(); ++i)
+            lines.push_back(cell.request(face, i));
+        return lines;
+    }
+    const QRect area = previewRects(QRect(QPoint(0, 0), m_cell)).front();
+    return {{.face = face,
+             .text = text,
+             .emPixels = m_workspace.state().previewSize.value() * devicePixelRatio,
+             .size = (QSizeF(area.size()) * devicePixelRatio).toSize(),
+             .color = color}};
 }
 
 void CatalogDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
@@ -78,7 +113,7 @@ void CatalogDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     paintGround(*painter, option);
-    paintPreview(*painter, option.rect, index.row());
+    paintPreviews(*painter, option.rect, index.row());
     paintNames(*painter, option.rect, index.row());
     paintSign(*painter, option.rect, index.row());
     painter->restore();
@@ -90,7 +125,7 @@ void CatalogDelegate::paintGround(QPainter &painter, const QStyleOptionViewItem 
     const bool isSelected = option.state.testFlag(QStyle::State_Selected);
     const bool isHovered = option.state.testFlag(QStyle::State_MouseOver);
     const bool isFocused = option.state.testFlag(QStyle::State_HasFocus);
-    if (m_form == Form::Line) {
+    if (m_form != Form::Card) {
         if (isSelected || isHovered)
             painter.fillRect(option.rect, isSelected ? colors.selection : colors.hover);
         painter.fillRect(option.rect.adjusted(kCardPadding, option.rect.height() - 1, -kCardPadding, 0),
@@ -113,16 +148,42 @@ void CatalogDelegate::paintGround(QPainter &painter, const QStyleOptionViewItem 
                             kCardRadius);
 }
 
+void CatalogDelegate::paintPreviews(QPainter &painter, const QRect &cell, int row) const
+{
+    const std::vector<QRect> areas = previewRects(cell);
+    const std::vector<PreviewRequest> wanted = requests(row, painter.device()->devicePixelRatioF());
+    bool isThere = false;
+    for (std::size_t i = 0; i < wanted.size(); ++i) {
+        const PreviewPointer preview = m_workspace.previews().find(wanted[i]);
+        if (preview == nullptr)
+            continue;
+        isThere = true;
+        PreviewPainting::paint(painter, areas[i], wanted[i], *preview, m_workspace.theme());
+        if (preview->failure != Preview::Failure::None)
+            return; // one line says so for all
+        if (m_form == Form::Waterfall)
+            paintSize(painter, areas[i], *preview);
+    }
+    if (!isThere)
+        paintMissing(painter, areas[areas.size() / 2], row);
+}
+
+// On the line's own baseline.
+void CatalogDelegate::paintSize(QPainter &painter, const QRect &area, const Preview &preview) const
+{
+    const double scale = painter.device()->devicePixelRatioF();
+    painter.setFont(Theme::font(TextSize::small));
+    painter.setPen(m_workspace.theme().colors().secondaryText);
+    painter.drawText(
+        QPointF(area.left() - BrowserLayout::kSizeLabelWidth, area.top() + std::round(preview.baseline / scale)),
+        QString::number(std::lround(preview.emPixels / scale)));
+}
+
 // While the font is on its way a bar stands for it; where it cannot be had, the name in the interface font.
-void CatalogDelegate::paintPreview(QPainter &painter, const QRect &cell, int row) const
+void CatalogDelegate::paintMissing(QPainter &painter, const QRect &area, int row) const
 {
     const ThemeColors &colors = m_workspace.theme().colors();
-    const QRect area = previewRect(cell);
-    const PreviewRequest wanted = request(row, painter.device()->devicePixelRatioF());
-    const PreviewPointer preview = wanted.face == nullptr ? nullptr : m_workspace.previews().find(wanted);
-    if (preview != nullptr) {
-        PreviewPainting::paint(painter, area, wanted, *preview, m_workspace.theme());
-    } else if (m_workspace.state().googlePreviews().hasFailed(m_model.family(row).family)) {
+    if (m_workspace.state().googlePreviews().hasFailed(m_model.family(row).family)) {
         const QPixmap mark = m_workspace.theme().iconPixmap("warning", kCatalogSignIcon, colors.secondaryText,
                                                             painter.device()->devicePixelRatioF());
         painter.drawPixmap(area.left(), area.center().y() + 1 - kCatalogSignIcon / 2, mark);
@@ -132,22 +193,20 @@ void CatalogDelegate::paintPreview(QPainter &painter, const QRect &cell, int row
         painter.drawText(
             name, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
             painter.fontMetrics().elidedText(shown(m_model.family(row).shownName()), Qt::ElideMiddle, name.width()));
-    } else {
-        const double height = std::clamp(area.height() / 6.0, 4.0, 10.0);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(colors.hairline);
-        painter.drawRoundedRect(QRectF(area.left(), area.center().y() - height / 2, area.width() * 0.4, height),
-                                height / 2, height / 2);
+        return;
     }
+    const double height = std::clamp(area.height() / 6.0, 4.0, 10.0);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colors.hairline);
+    painter.drawRoundedRect(QRectF(area.left(), area.center().y() - height / 2, area.width() * 0.4, height), height / 2,
+                            height / 2);
 }
 
 void CatalogDelegate::paintNames(QPainter &painter, const QRect &cell, int row) const
 {
     const ThemeColors &colors = m_workspace.theme().colors();
     const GoogleFontFamily &family = m_model.family(row);
-    const QRect names = nameRect(cell);
-    const QRect upper = names.adjusted(0, 0, 0, -kNamesHeight / 2);
-    const QRect lower = names.adjusted(0, kNamesHeight / 2, 0, 0);
+    const auto [upper, lower] = nameRects(cell);
     painter.setFont(Theme::font(TextSize::body));
     painter.setPen(colors.text);
     painter.drawText(upper, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,

@@ -48,7 +48,10 @@ CatalogList::CatalogList(Workspace &workspace, CatalogModel &model, QWidget *par
     AppState &state = workspace.state();
     m_observers.push_back(state.previewText.addNotifier([this] { wantSoon(); }));
     m_observers.push_back(state.previewSize.addNotifier([this] { layOut(); }));
-    m_observers.push_back(state.googlePreviews().bindableRevision().addNotifier([this] { want(); }));
+    m_observers.push_back(state.googlePreviews().bindableRevision().addNotifier([this] {
+        if (!m_resting.isActive()) // else it is about to
+            want();
+    }));
 }
 
 void CatalogList::setForm(CatalogDelegate::Form form)
@@ -119,8 +122,7 @@ void CatalogList::want()
     std::vector<PreviewRequest> requests;
     for (const int row : rowsInSight()) {
         m_workspace.state().googlePreviews().request(m_model.family(row));
-        PreviewRequest request = m_delegate->request(row, devicePixelRatioF());
-        if (request.face != nullptr)
+        for (PreviewRequest &request : m_delegate->requests(row, devicePixelRatioF()))
             requests.push_back(std::move(request));
     }
     m_workspace.previews().setWanted(this, std::move(requests));
@@ -133,9 +135,12 @@ bool CatalogList::isPainted() const
         return false;
     const std::vector<int> rows = rowsInSight();
     return std::all_of(rows.begin(), rows.end(), [this](int row) {
-        const PreviewRequest request = m_delegate->request(row, devicePixelRatioF());
-        return request.face == nullptr ? m_workspace.state().googlePreviews().hasFailed(m_model.family(row).family)
-                                       : m_workspace.previews().find(request) != nullptr;
+        const std::vector<PreviewRequest> requests = m_delegate->requests(row, devicePixelRatioF());
+        if (requests.empty())
+            return m_workspace.state().googlePreviews().hasFailed(m_model.family(row).family);
+        return std::all_of(requests.begin(), requests.end(), [this](const PreviewRequest &request) {
+            return m_workspace.previews().find(request) != nullptr;
+        });
     });
 }
 

@@ -14,7 +14,8 @@ namespace kerlune {
 
 class CatalogModel;
 
-// The listed families of the catalogue as cards or lines. Fonts are asked for where the user looks, not on the way.
+// The listed families of the catalogue as cards, lines or waterfalls. Fonts are asked for where the user looks, not on
+// the way.
 //
 // Thread: main.
 class CatalogList final : public QListView {

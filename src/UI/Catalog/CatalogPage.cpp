@@ -15,6 +15,8 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace kerlune {
 
 CatalogPage::CatalogPage(Workspace &workspace, QWidget *parent)
@@ -101,10 +103,14 @@ void CatalogPage::update()
     query.search = state.filters.value().search;
     m_model->setFamilies(listed(state.googleCatalog(), state.googleInstalledFamilies(), query));
     m_workspace.catalogCount = static_cast<std::int64_t>(m_model->families().size());
-    m_list->setForm(state.viewMode.value() == ViewMode::grid ? CatalogDelegate::Form::Card
-                                                             : CatalogDelegate::Form::Line);
+    const ViewMode mode = state.viewMode.value();
+    m_list->setForm(mode == ViewMode::grid        ? CatalogDelegate::Form::Card
+                    : mode == ViewMode::waterfall ? CatalogDelegate::Form::Waterfall
+                                                  : CatalogDelegate::Form::Line);
     if (const auto &selected = state.googleSelectedFamily.value())
         m_list->setCurrentFamily(*selected);
+    if (std::exchange(m_query, query) != query)
+        m_list->scrollToTop(); // another list; the same one read again stays where it is
     m_list->setAccessibleName(uiText("Familles de Google Fonts"));
 
     const auto &error = state.googleCatalogError();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "UI/Catalog/CatalogQuery.h"
 #include "UI/Workspace.h"
 
 #include <QTimer>
@@ -54,6 +55,7 @@ private:
     CatalogList *m_list;
     MessagePage *m_message;
     QTimer m_updating;
+    CatalogQuery m_query; // whose families are listed
     std::vector<QPropertyNotifier> m_observers;
 };
 
