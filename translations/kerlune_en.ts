@@ -1084,6 +1084,10 @@
             <translation>The answer of Google Fonts is not valid JSON.</translation>
         </message>
         <message>
+            <source>la connexion a été coupée.</source>
+            <translation>the connection was cut.</translation>
+        </message>
+        <message>
             <source>L’adresse de « %1 » n’est pas en HTTPS.</source>
             <translation>The address of “%1” is not HTTPS.</translation>
         </message>
@@ -1098,10 +1102,6 @@
         <message>
             <source>La réponse de « %1 » est trop longue.</source>
             <translation>The answer of “%1” is too long.</translation>
-        </message>
-        <message>
-            <source>la connexion a été coupée.</source>
-            <translation>the connection was cut.</translation>
         </message>
         <message>
             <source>%1 (%2 fichiers)</source>
