@@ -12,8 +12,8 @@ namespace kerlune {
 class MadeHotKeys final : public HotKeys {
 public:
     struct Key {
-        std::uint32_t keyCode;
-        std::uint32_t modifiers;
+        std::uint32_t keyCode = 0;
+        std::uint32_t modifiers = 0;
         Pressed pressed;
         Failed failed;
     };
