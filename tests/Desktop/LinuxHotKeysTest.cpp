@@ -59,7 +59,7 @@ TEST(LinuxHotKeys, AreThoseOfTheSession)
         EXPECT_TRUE(waitUntil([&] { return !pressed.empty(); }));
         EXPECT_EQ(portal.creations(), 1);
         ofServer->unregisterKey(1);
-        EXPECT_TRUE(user.grab(user.keyCode(XClient::kV), 0x48)); // Mod1 and Mod4
+        EXPECT_TRUE(waitUntil([&] { return user.grab(user.keyCode(XClient::kV), 0x48); })); // Mod1 and Mod4
     }
     qputenv("WAYLAND_DISPLAY", "wayland-0");
     const auto ofWayland = keys();

@@ -33,7 +33,12 @@ public:
     XServer(const XServer &) = delete;
     XServer &operator=(const XServer &) = delete;
 
-    void end() { m_process.end(); }
+    // Its display may be another server's next, so that DISPLAY names one that nobody has.
+    void end()
+    {
+        m_process.end();
+        qputenv("DISPLAY", ":59999");
+    }
 
 private:
     ChildProcess m_process;

@@ -106,6 +106,8 @@ PortalHotKeys::PortalHotKeys(QDBusConnection bus, const std::string &description
 {
     qDBusRegisterMetaType<PortalShortcut>();
     qDBusRegisterMetaType<QList<PortalShortcut>>();
+    if (!m_bus.isConnected())
+        return; // the D-Bus library ends a program that subscribes there
     // Of whatever request and session: what comes is for this program alone, and nothing can come too early.
     m_bus.connect(portalService(), {}, requestInterface(), QStringLiteral("Response"), this,
                   SLOT(noteResponse(QDBusMessage)));
