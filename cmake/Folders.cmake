@@ -8,7 +8,8 @@ target_compile_definitions(KerluneBuildSettings INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
 if(KERLUNE_SANITIZERS)
     target_compile_options(KerluneBuildSettings INTERFACE
-        -fsanitize=${KERLUNE_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        -fsanitize=${KERLUNE_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer
+        $<$<CXX_COMPILER_ID:Clang>:-fno-sanitize=function>) # clang 14 cannot assemble a coroutine with it
     target_link_options(KerluneBuildSettings INTERFACE -fsanitize=${KERLUNE_SANITIZERS})
 endif()
 

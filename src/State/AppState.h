@@ -160,9 +160,11 @@ public:
     Field<std::map<std::string, double>> googleInstallProgress;    // of families being installed, 0…1
     Field<std::map<std::string, std::string>> googleInstallErrors; // by family, of its last installation or removal
     QProperty<std::optional<std::string>> googleSelectedFamily;
+    // For views that compare families of the catalogue among themselves and step through them by the arrow keys. The
+    // window compares them with the user's own, in comparisonSet, and its list knows which family is next.
     QProperty<std::vector<std::string>> googleCompare;
     QProperty<std::optional<std::string>> googleFocusFamily;
-    QProperty<std::vector<std::string>> googleArrowFamilies; // that arrow keys step through
+    QProperty<std::vector<std::string>> googleArrowFamilies;
 
     // Fonts in other programs.
     Field<bool> isApplying;
