@@ -3,6 +3,7 @@
 #include <QFileInfo>
 #include <QSslCertificate>
 #include <QSslConfiguration>
+#include <openssl/crypto.h>
 
 namespace kerlune {
 
@@ -34,6 +35,7 @@ QSslConfiguration systemTls()
     // With a list of its own, Qt looks up no others when it needs them.
     if (!added.isEmpty())
         tls.setCaCertificates(QSslConfiguration::systemCaCertificates() + added);
+    OPENSSL_thread_stop(); // what it keeps of this thread: the program may end sooner than the thread does
     return tls;
 }
 
