@@ -1,33 +1,6 @@
-// Lists the fonts that documents of After Effects use, those that are missing included.
-//
-// ECMAScript 3. The value of the script is its answer: a line for each font, with its PostScript name, family and style
-// and a tab between them; what is not known is empty. Kerlune puts the names of the documents into the string literal
-// below, each on a line, and nowhere else.
+// Lists the fonts that documents of After Effects use, those that are missing included: see fonts.jsxinc.
 (function () {
-    var documentNames = "__DOCUMENTS__".split("\n");
-    var lines = [];
-    var isListed = {};
-
-    function field(text) {
-        return text == null ? "" : String(text).replace(/[\t\r\n\u2028\u2029]+/g, " ");
-    }
-
-    function add(postScriptName, family, style) {
-        var line = field(postScriptName) + "\t" + field(family) + "\t" + field(style);
-        if (!isListed["font " + line]) {
-            isListed["font " + line] = true;
-            lines.push(line);
-        }
-    }
-
-    function isWanted(name) {
-        for (var i = 0; i < documentNames.length; i++) {
-            if (documentNames[i] == name) {
-                return true;
-            }
-        }
-        return false;
-    }
+    //@include "fonts.jsxinc"
 
     // By the names that are the same in every language; null when it is no text layer.
     function sourceText(layer) {

@@ -20,6 +20,21 @@ std::optional<std::string> textOfScript(const std::filesystem::path &file)
     return stream.good() && !text.empty() ? std::optional(std::move(text)) : std::nullopt;
 }
 
+// The line of a script that lists fonts that stands for what these scripts share. A host would read the file that it
+// names only for a script that is a file itself.
+constexpr std::string_view kInclude = "    //@include \"fonts.jsxinc\"\n";
+
+std::optional<std::string> textOfListScript(const std::filesystem::path &folder, const std::string &name)
+{
+    std::optional<std::string> script = textOfScript(folder / (name + ".fonts.jsx"));
+    const std::optional<std::string> shared = textOfScript(folder / "fonts.jsxinc");
+    const std::size_t place = script ? script->find(kInclude) : std::string::npos;
+    if (!shared || place == std::string::npos)
+        return std::nullopt;
+    script->replace(place, kInclude.size(), *shared);
+    return script;
+}
+
 constexpr int kNamesTimeout = 3; // seconds
 constexpr int kFontsTimeout = 60;
 
@@ -82,7 +97,7 @@ QCoro::Task<std::optional<std::set<std::string>>> AdobeHost::documentNames()
 
 QCoro::Task<std::optional<std::vector<UsedFont>>> AdobeHost::usedFonts(std::vector<std::string> documents)
 {
-    const auto script = textOfScript(m_scripts / (scriptName(m_app) + ".fonts.jsx"));
+    const auto script = textOfListScript(m_scripts, scriptName(m_app));
     if (!script)
         co_return std::nullopt;
     const std::string javaScript = filledTemplate(*script, {{kDocumentsPlace, joinedLines(documents)}});

@@ -8,7 +8,7 @@
 namespace kerlune {
 
 // A program that runs JavaScript, which an AppleScript hands it: NAME.jsx applies a font, NAME.fonts.jsx lists those of
-// documents.
+// documents, with what these scripts share in fonts.jsxinc.
 class AdobeHost final : public Host {
 public:
     // The runner must outlive it. The scripts are templates in that folder.

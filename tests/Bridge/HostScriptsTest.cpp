@@ -72,12 +72,15 @@ public:
 
 TEST(HostScripts, HoldTheirPlacesOnlyAsWholeLiterals)
 {
-    for (const char *name : {"photoshop", "illustrator", "indesign", "afterEffects"}) {
-        const std::string script = readFile(std::string(KERLUNE_RESOURCES) + "/Bridge/" + name + ".jsx");
+    const auto resource = [](const std::string &name) {
+        return readFile(std::string(KERLUNE_RESOURCES) + "/Bridge/" + name);
+    };
+    const std::string shared = resource("fonts.jsxinc");
+    EXPECT_THAT(shared, HasSubstr("\"__DOCUMENTS__\".split"));
+    for (const std::string name : {"photoshop", "illustrator", "indesign", "afterEffects"}) {
+        const std::string script = resource(name + ".jsx");
         EXPECT_THAT(script, HasSubstr("\"__PSNAME__\";")) << name;
-        const std::string fonts = readFile(std::string(KERLUNE_RESOURCES) + "/Bridge/" + name + ".fonts.jsx");
-        EXPECT_THAT(fonts, HasSubstr("\"__DOCUMENTS__\".split")) << name;
-        const std::string both = script + fonts;
+        const std::string both = script + resource(name + ".fonts.jsx") + shared;
         for (const std::string place : {"__PSNAME__", "__UNDO_NAME__", "__DOCUMENTS__"}) {
             for (std::size_t at = 0; (at = both.find(place, at)) != std::string::npos; ++at)
                 EXPECT_EQ(both.substr(at - 1, place.size() + 2), '"' + place + '"') << name;
