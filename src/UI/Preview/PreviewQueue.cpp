@@ -1,5 +1,6 @@
 #include "UI/Preview/PreviewQueue.h"
 
+#include "Support/BackgroundThread.h"
 #include "UI/Preview/PreviewCache.h"
 #include "UI/Preview/PreviewRenderer.h"
 
@@ -39,7 +40,6 @@ struct PreviewQueue::Implementation {
         , cache(byteLimit)
     {
         pool.setMaxThreadCount(std::max(1, QThread::idealThreadCount()));
-        pool.setThreadPriority(QThread::LowPriority);
     }
 
     // With the mutex held.
@@ -170,6 +170,7 @@ std::optional<PreviewRequest> PreviewQueue::Implementation::takeNext()
 
 void PreviewQueue::Implementation::work()
 {
+    becomeBackgroundThread();
     std::unique_lock lock(mutex);
     while (const auto request = takeNext()) {
         PreviewPointer preview = drawn(*request, lock);
