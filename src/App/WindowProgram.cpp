@@ -10,6 +10,13 @@ namespace kerlune {
 
 namespace {
 
+// Another core would have nothing to do while the window is being built.
+bool readAhead(AppState &state)
+{
+    state.readAhead();
+    return true;
+}
+
 bool apply(Theme &theme, QApplication &application)
 {
     std::setlocale(LC_NUMERIC, "C"); // NOLINT(concurrency-mt-unsafe): the application object has set the user's
@@ -40,6 +47,7 @@ WindowProgram::WindowProgram(QApplication &application, const ProgramParts &part
     , m_isThemeApplied(apply(m_theme, m_application))
     , m_state({parts.catalog, parts.registry, followed.events, parts.scripts, followed.front,
                withConfiguration(parts.directories, settings)})
+    , m_isReadAhead(readAhead(m_state))
     , m_workspace(m_state, m_preferences, m_theme, m_previews)
     , m_window(m_workspace)
 {

@@ -61,6 +61,7 @@ private:
     bool m_isThemeApplied; // before any widget is made
     PreviewQueue m_previews;
     AppState m_state;
+    bool m_isReadAhead; // while the window is being built
     Workspace m_workspace;
     MainWindow m_window;
 };

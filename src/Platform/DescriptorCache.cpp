@@ -14,6 +14,7 @@ namespace {
 
 constexpr quint32 kMagic = 0x4B464443; // "KFDC"
 constexpr quint32 kVersion = 1;        // raise it whenever the faces of a file are described differently
+constexpr std::size_t kLeastEntrySize = 28; // bytes: of an empty path and without faces
 
 QByteArray bytesOf(const std::string &text)
 {
@@ -128,15 +129,18 @@ void DescriptorCache::load()
     quint32 count = 0;
     stream >> magic >> version >> count;
     const bool isSound = magic == kMagic && version == kVersion && hasMatchingChecksum(bytes);
+    if (isSound)
+        m_entries.reserve(std::min(std::size_t{count}, static_cast<std::size_t>(bytes.size()) / kLeastEntrySize));
     for (quint32 i = 0; isSound && i < count; ++i) {
-        QByteArray path;
+        QByteArray bytesOfPath;
         qint64 modificationTime = 0;
         quint64 size = 0;
-        stream >> path >> modificationTime >> size;
-        FontCatalog::Listing listing = read(stream, path.toStdString());
+        stream >> bytesOfPath >> modificationTime >> size;
+        std::string path = bytesOfPath.toStdString();
+        FontCatalog::Listing listing = read(stream, path);
         if (stream.status() != QDataStream::Ok)
             break;
-        m_entries.insert_or_assign(path.toStdString(), Entry{{modificationTime, size}, std::move(listing), false});
+        m_entries.insert_or_assign(std::move(path), Entry{{modificationTime, size}, std::move(listing), false});
     }
 }
 

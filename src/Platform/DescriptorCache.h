@@ -13,7 +13,7 @@ namespace kerlune {
 // What a font file held when it was last read, so that a start-up asks the system for its time and size only. The
 // format stands in docs/descriptor-cache.md.
 //
-// Thread: one at a time.
+// Thread: one at a time, but for find(), which any number may call for different paths.
 // Errors: none. A cache that is missing or damaged is empty, one that cannot be written is written the next time.
 class DescriptorCache final {
 public:

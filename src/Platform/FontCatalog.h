@@ -44,6 +44,10 @@ public:
     // that the system itself does not offer.
     virtual Listing availableFonts(Duplicates duplicates) const = 0;
 
+    // Asks the system now for what the next listing needs, and blocks as long. What the system changes between the two
+    // is in the listing after that.
+    virtual void readAhead() const {}
+
     // Offers these faces no longer, until their files change: it turned out that they cannot be indexed.
     virtual void leaveOut(std::span<const FontDescriptor> fonts, FontError reason) const = 0;
 

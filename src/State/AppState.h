@@ -194,6 +194,7 @@ public:
     const std::optional<FontIndexStore::StoreError> &storeError() const { return m_storeError; }
 
     // Loading.
+    void readAhead();                       // begins what load() will need of the system, which else begins it itself
     QCoro::Task<> load();                   // a second one while one runs returns at once
     QCoro::Task<> rebuildIndex();           // likewise
     void cancelIndexing();                  // where canCancelIndexing
@@ -321,7 +322,7 @@ private:
     void publish(std::shared_ptr<const LoadedLibrary> loaded);
     void finishIndexing();
     void showProgress(int done, int total);
-    void readAhead();
+    void readStoredAhead();
     QCoro::Task<> readRecords(StoredIndex storedIndex);
     QCoro::Task<bool> readStoredRecords(); // false when there are none
     QCoro::Task<> index(std::int64_t count);
@@ -378,6 +379,7 @@ private:
     mutable std::optional<std::map<std::string, std::int64_t>> m_languageCounts;
 
     bool m_isRefreshing = false;
+    bool m_isSystemAsked = false; // once, for the first load
     Debounce m_shuffleApplying;
     Debounce m_settingsSaving;
     Debounce m_registryRefresh;

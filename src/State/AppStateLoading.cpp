@@ -73,6 +73,7 @@ QCoro::Task<> AppState::load()
     if (isIndexing())
         co_return;
     const QPointer<AppState> self(this);
+    readAhead();
     isIndexing.set(true);
     indexProgress.set(0);
     loadError.set(std::nullopt);
@@ -88,7 +89,7 @@ QCoro::Task<> AppState::load()
         return activateMissingFonts(std::move(fonts), std::move(documents), host);
     };
     m_missingFonts.start(activate);
-    readAhead();
+    readStoredAhead();
     co_await m_activation.reapplyOnLaunch();
     if (!self)
         co_return;
@@ -133,9 +134,16 @@ void AppState::finishIndexing()
     isIndexing.set(false);
 }
 
+void AppState::readAhead()
+{
+    if (!m_isSystemAsked && m_store != nullptr)
+        m_pool.start([&catalog = m_catalog] { catalog.readAhead(); });
+    m_isSystemAsked = true;
+}
+
 // What is stored is read while folders are read and the fonts on offer are counted: most often it serves. Until it has
 // been read, the store answers nothing else, and who asks it waits.
-void AppState::readAhead()
+void AppState::readStoredAhead()
 {
     const std::int64_t count = m_store->indexedCount();
     if (count != 0)
@@ -156,7 +164,7 @@ QCoro::Task<> AppState::readRecords(StoredIndex storedIndex)
                    true});
     }
     if (offer.obstacle && !m_readAhead)
-        readAhead();
+        readStoredAhead();
     const bool mayServe =
         offer.obstacle || (storedIndex == StoredIndex::MayServe && m_readAhead && m_readAhead->count == offer.count);
     if (mayServe && m_readAhead) {

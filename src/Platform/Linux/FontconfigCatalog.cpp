@@ -25,6 +25,7 @@ struct WantedFile {
     std::set<std::uint32_t> faces = {};
     bool isOffered = true; // false for a file that fontconfig left out: only why is of interest
     bool isPipe = false;   // never opened
+    bool isKnown = false;  // from the cache, or without reading it
     std::optional<DescriptorCache::Stamp> stamp = {}; // absent when the file is gone
     FontCatalog::Listing listing = {};
 };
@@ -36,6 +37,20 @@ std::optional<DescriptorCache::Stamp> readStamp(const std::string &path)
         return std::nullopt;
     return DescriptorCache::Stamp{std::int64_t{status.st_mtim.tv_sec} * 1'000'000'000 + status.st_mtim.tv_nsec,
                                   static_cast<std::uint64_t>(status.st_size)};
+}
+
+// False when the file must be read.
+bool fillFromCache(WantedFile &file, DescriptorCache &cache)
+{
+    if (file.isPipe) {
+        file.listing.skipped.push_back({file.path, FontError::BlocksReaders});
+        return true;
+    }
+    file.stamp = readStamp(file.path);
+    const FontCatalog::Listing *listing = file.stamp ? cache.find(file.path, *file.stamp) : nullptr;
+    if (listing != nullptr)
+        file.listing = *listing;
+    return listing != nullptr;
 }
 
 // What may pass on its own (a lock, a permission, a failing disk) is asked again the next time.
@@ -76,13 +91,16 @@ void removeDuplicates(std::vector<FontDescriptor> &fonts)
 } // namespace
 
 struct FontconfigCatalog::Implementation {
-    std::vector<WantedFile> wantedFiles() const;
+    void readAhead();
+    std::vector<WantedFile> wantedFiles();
     void fill(std::vector<WantedFile> &files);
+    DescriptorCache &loadedCache();
 
     std::shared_ptr<const ProcessFonts> processFonts;
     std::filesystem::path cacheFile;
-    std::mutex mutex; // guards the cache
+    std::mutex mutex; // guards what follows
     std::optional<DescriptorCache> cache;
+    std::optional<SystemFontFiles> systemFiles; // read ahead
 };
 
 FontconfigCatalog::FontconfigCatalog(std::shared_ptr<const ProcessFonts> processFonts, std::filesystem::path cacheFile)
@@ -97,11 +115,16 @@ FontconfigCatalog::~FontconfigCatalog() = default;
 void FontconfigCatalog::leaveOut(std::span<const FontDescriptor> fonts, FontError reason) const
 {
     const std::lock_guard lock(m_implementation->mutex);
-    if (!m_implementation->cache)
-        m_implementation->cache.emplace(m_implementation->cacheFile);
+    DescriptorCache &cache = m_implementation->loadedCache();
     for (const FontDescriptor &font : fonts)
-        m_implementation->cache->leaveOut(font, reason);
-    m_implementation->cache->save();
+        cache.leaveOut(font, reason);
+    cache.save();
+}
+
+void FontconfigCatalog::readAhead() const
+{
+    const std::lock_guard lock(m_implementation->mutex);
+    m_implementation->readAhead();
 }
 
 FontCatalog::Listing FontconfigCatalog::availableFonts(Duplicates duplicates) const
@@ -118,7 +141,13 @@ FontCatalog::Listing FontconfigCatalog::availableFonts(Duplicates duplicates) co
     return all;
 }
 
-std::vector<WantedFile> FontconfigCatalog::Implementation::wantedFiles() const
+void FontconfigCatalog::Implementation::readAhead()
+{
+    systemFiles = readSystemFontFiles();
+    loadedCache();
+}
+
+std::vector<WantedFile> FontconfigCatalog::Implementation::wantedFiles()
 {
     std::vector<WantedFile> files;
     std::unordered_set<std::string> known;
@@ -129,7 +158,9 @@ std::vector<WantedFile> FontconfigCatalog::Implementation::wantedFiles() const
     LinkResolver links;
     for (const std::string &path : processFonts->paths())
         want({.path = links.resolve(path)});
-    SystemFontFiles system = readSystemFontFiles();
+    SystemFontFiles system = systemFiles ? *std::exchange(systemFiles, std::nullopt) : readSystemFontFiles();
+    files.reserve(files.size() + system.offered.size());
+    known.reserve(files.size() + system.offered.size());
     for (auto &[path, faces] : system.offered)
         want({.path = path, .faces = std::move(faces)});
     for (const std::string &path : system.refused)
@@ -141,19 +172,14 @@ std::vector<WantedFile> FontconfigCatalog::Implementation::wantedFiles() const
 
 void FontconfigCatalog::Implementation::fill(std::vector<WantedFile> &files)
 {
-    if (!cache)
-        cache.emplace(cacheFile);
+    DescriptorCache &known = loadedCache();
+    parallelForRanges(files.size(), [&](std::size_t first, std::size_t last) {
+        for (std::size_t i = first; i != last; ++i)
+            files[i].isKnown = fillFromCache(files[i], known);
+    });
     std::vector<WantedFile *> unknown;
     for (WantedFile &file : files) {
-        if (file.isPipe) {
-            file.listing.skipped.push_back({file.path, FontError::BlocksReaders});
-            continue;
-        }
-        file.stamp = readStamp(file.path);
-        const FontCatalog::Listing *listing = file.stamp ? cache->find(file.path, *file.stamp) : nullptr;
-        if (listing != nullptr)
-            file.listing = *listing;
-        else
+        if (!file.isKnown)
             unknown.push_back(&file);
     }
     parallelForRanges(unknown.size(), [&](std::size_t first, std::size_t last) {
@@ -162,9 +188,14 @@ void FontconfigCatalog::Implementation::fill(std::vector<WantedFile> &files)
     });
     for (const WantedFile *file : unknown) {
         if (file->stamp && isWorthCaching(file->listing))
-            cache->insert(file->path, *file->stamp, file->listing);
+            known.insert(file->path, *file->stamp, file->listing);
     }
-    cache->save();
+    known.save();
+}
+
+DescriptorCache &FontconfigCatalog::Implementation::loadedCache()
+{
+    return cache ? *cache : cache.emplace(cacheFile);
 }
 
 } // namespace kerlune

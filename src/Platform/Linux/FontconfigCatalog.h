@@ -21,6 +21,7 @@ public:
     ~FontconfigCatalog() override;
 
     Listing availableFonts(Duplicates duplicates) const override;
+    void readAhead() const override;
     void leaveOut(std::span<const FontDescriptor> fonts, FontError reason) const override;
 
 private:

@@ -85,6 +85,7 @@ SystemFontFiles readSystemFontFiles()
     const FcFontSet *fonts = FcConfigGetFonts(config.get(), FcSetSystem);
     LinkResolver links;
     std::unordered_map<std::string, std::string> resolved;
+    resolved.reserve(walk.fontFiles.size());
     for (int i = 0; fonts != nullptr && i < fonts->nfont; ++i) {
         FcChar8 *file = nullptr;
         int index = 0;
