@@ -115,6 +115,8 @@ void Toolbar::setApply(QAction &action, QMenu &menu)
 {
     m_apply->setObjectName(QStringLiteral("applyButton"));
     m_apply->setPopupMode(QToolButton::MenuButtonPopup);
+    m_apply->setIconSize({20, 20});
+    m_apply->setFixedSize(50, 32);
     m_apply->setIcon(m_workspace.theme().icon("apply"));
     m_apply->setMenu(&menu);
     connect(m_apply, &QToolButton::clicked, &action, &QAction::trigger);
