@@ -18,6 +18,7 @@ namespace {
 
 constexpr int kWidthForNumber = 640; // below it the number of the size gives room to the rest
 constexpr int kWidthForSize = 500;   // below it the slider too; the menus still change the size
+constexpr int kNarrowGap = 8;
 
 const char *iconOf(ViewMode mode)
 {
@@ -94,8 +95,8 @@ void Toolbar::addViewModes()
 
 void Toolbar::layOut()
 {
-    m_search->setMinimumWidth(96);
-    m_previewText->setMinimumWidth(90);
+    m_search->setMinimumWidth(80);
+    m_previewText->setMinimumWidth(84);
     auto *layout = new QHBoxLayout(this);
     layout->setSizeConstraint(QLayout::SetNoConstraint); // in a narrow window parts of it step aside
     layout->setContentsMargins(kCardGap, 0, kCardGap, 0);
@@ -161,6 +162,7 @@ void Toolbar::resizeEvent(QResizeEvent *event)
 {
     m_size->setNumberVisible(width() >= kWidthForNumber);
     m_size->setVisible(width() >= kWidthForSize);
+    layout()->setSpacing(width() >= kWidthForNumber ? kCardGap : kNarrowGap);
     QWidget::resizeEvent(event);
 }
 
