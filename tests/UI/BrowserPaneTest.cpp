@@ -6,6 +6,7 @@
 #include "WindowHome.h"
 
 #include <QAbstractItemModelTester>
+#include <QAccessible>
 #include <QMimeData>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -277,6 +278,29 @@ TEST_F(BrowserPaneTest, DragsNamesAndFiles)
     for (const QUrl &url : data->urls())
         EXPECT_TRUE(std::filesystem::exists(url.toLocalFile().toStdString()));
     EXPECT_THAT(decodeFamilies(encodeFamilies({"Été 永", "a\nb", "", "B&B"})), ElementsAre("Été 永", "B&B"));
+}
+
+TEST_F(BrowserPaneTest, TellsScreenReadersOfEachFamily)
+{
+    open();
+    click("Essai Beta");
+    QAccessibleInterface *list = QAccessible::queryAccessibleInterface(m_view);
+    ASSERT_EQ(list->role(), QAccessible::List);
+    ASSERT_EQ(list->childCount(), static_cast<int>(kFonts.size()));
+    QAccessibleInterface *beta = list->focusChild();
+    ASSERT_NE(beta, nullptr);
+    EXPECT_EQ(beta->text(QAccessible::Name), QStringLiteral("Essai Beta, 1 style, Police du système"));
+    EXPECT_TRUE(beta->state().selected);
+    EXPECT_EQ(list->indexOfChild(beta), index("Essai Beta").row());
+    EXPECT_EQ(list->child(list->indexOfChild(beta)), beta);
+    EXPECT_EQ(list->childAt(beta->rect().center().x(), beta->rect().center().y()), beta);
+    EXPECT_FALSE(list->child(0)->state().selected);
+    EXPECT_TRUE(list->child(list->childCount() - 1)->state().offscreen);
+
+    search("Gamma");
+    ASSERT_EQ(list->childCount(), 1);
+    EXPECT_TRUE(list->child(0)->text(QAccessible::Name).startsWith(QStringLiteral("Essai Gamma, ")));
+    EXPECT_EQ(list->child(1), nullptr);
 }
 
 } // namespace

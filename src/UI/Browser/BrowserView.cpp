@@ -1,5 +1,7 @@
 #include "UI/Browser/BrowserView.h"
 
+#include "UI/Browser/BrowserAccessible.h"
+
 #include <QEvent>
 #include <QFontMetrics>
 #include <QPaintEvent>
@@ -25,6 +27,7 @@ BrowserView::BrowserView(Workspace &workspace, FamilyListModel &model, QWidget *
     , m_model(model)
     , m_painter(workspace.theme())
 {
+    makeBrowserAccessible();
     setModel(&model);
     setSelectionMode(ExtendedSelection);
     setEditTriggers(NoEditTriggers);

@@ -6,6 +6,7 @@
 #include "UI/InterfaceText.h"
 #include "UI/Panels/GlyphDetail.h"
 #include "UI/Panels/GlyphGrid.h"
+#include "UI/SearchField.h"
 
 #include <QClipboard>
 #include <QComboBox>
@@ -30,7 +31,7 @@ constexpr double kCellEm = 26; // logical pixels
 
 GlyphPanel::GlyphPanel(Workspace &workspace, QWidget *parent)
     : FacePanel(workspace, parent)
-    , m_search(new QLineEdit(this))
+    , m_search(new SearchField(this))
     , m_blocks(new QComboBox(this))
     , m_message(new QLabel(this))
     , m_grid(new GlyphGrid(workspace.theme(), m_images, this))
@@ -38,7 +39,6 @@ GlyphPanel::GlyphPanel(Workspace &workspace, QWidget *parent)
     , m_copy(new QPushButton(this))
 {
     m_search->setObjectName(QStringLiteral("glyphSearch"));
-    m_search->setClearButtonEnabled(true);
     m_blocks->setObjectName(QStringLiteral("glyphBlocks"));
     m_blocks->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     m_blocks->setMinimumContentsLength(8);

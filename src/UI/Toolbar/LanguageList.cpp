@@ -3,6 +3,7 @@
 #include "Model/ScriptCoverage.h"
 #include "Support/Text.h"
 #include "UI/InterfaceText.h"
+#include "UI/SearchField.h"
 #include "UI/Toolbar/CheckList.h"
 
 #include <QKeyEvent>
@@ -20,13 +21,12 @@ constexpr int kBitsRole = Qt::UserRole;
 LanguageList::LanguageList(const Counts &counts, std::uint64_t chosenBits, const Theme &theme, QWidget *parent)
     : QWidget(parent)
     , m_bits(chosenBits)
-    , m_search(new QLineEdit(this))
+    , m_search(new SearchField(this))
     , m_list(new CheckList(theme, this))
 {
     m_search->setObjectName(QStringLiteral("languageSearch"));
     m_search->setAccessibleName(uiText("Rechercher une langue"));
     m_search->setPlaceholderText(uiText("Rechercher une langue…"));
-    m_search->setClearButtonEnabled(true);
     m_search->addAction(theme.icon("search"), QLineEdit::LeadingPosition);
     m_search->installEventFilter(this);
     m_list->setObjectName(QStringLiteral("languages"));

@@ -1,6 +1,7 @@
 #include "UI/Toolbar/Toolbar.h"
 
 #include "UI/InterfaceText.h"
+#include "UI/SearchField.h"
 #include "UI/Toolbar/PreviewTextBox.h"
 #include "UI/Toolbar/SizeControl.h"
 
@@ -40,7 +41,7 @@ const char *iconOf(ViewMode mode)
 Toolbar::Toolbar(Workspace &workspace, QWidget *parent)
     : QWidget(parent)
     , m_workspace(workspace)
-    , m_search(new QLineEdit(this))
+    , m_search(new SearchField(this))
     , m_previewText(new PreviewTextBox(workspace, this))
     , m_size(new SizeControl(workspace, this))
     , m_apply(new QToolButton(this))
@@ -59,7 +60,6 @@ Toolbar::Toolbar(Workspace &workspace, QWidget *parent)
 void Toolbar::addSearch()
 {
     m_search->setObjectName(QStringLiteral("search"));
-    m_search->setClearButtonEnabled(true);
     m_search->addAction(m_workspace.theme().icon("search"), QLineEdit::LeadingPosition);
     m_search->installEventFilter(this);
     connect(m_search, &QLineEdit::textChanged, this, [this](const QString &text) {

@@ -1,0 +1,11 @@
+#pragma once
+
+namespace kerlune {
+
+// Makes the families of every BrowserView known to screen readers, as a list with an item for each: Qt does so for its
+// own item views only. A second call for one application object does nothing.
+//
+// Thread: main.
+void makeBrowserAccessible();
+
+} // namespace kerlune
