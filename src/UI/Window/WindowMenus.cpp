@@ -33,6 +33,19 @@ QKeySequence control(int key, Qt::KeyboardModifiers more = {})
     return {QKeyCombination(Qt::ControlModifier | more, static_cast<Qt::Key>(key))};
 }
 
+// Of the digits from 1 on. On French keyboards these need Shift: there the keys themselves serve.
+QList<QKeySequence> digitKeys(Qt::KeyboardModifier modifier, std::size_t position)
+{
+    static constexpr std::array<std::pair<Qt::Key, Qt::Key>, 6> kKeys{{{Qt::Key_1, Qt::Key_Ampersand},
+                                                                       {Qt::Key_2, Qt::Key_Eacute},
+                                                                       {Qt::Key_3, Qt::Key_QuoteDbl},
+                                                                       {Qt::Key_4, Qt::Key_Apostrophe},
+                                                                       {Qt::Key_5, Qt::Key_ParenLeft},
+                                                                       {Qt::Key_6, Qt::Key_Minus}}};
+    const auto &[digit, frenchKey] = kKeys.at(position);
+    return {QKeyCombination(modifier, digit), QKeyCombination(modifier, frenchKey)};
+}
+
 } // namespace
 
 WindowMenus::WindowMenus(Workspace &workspace, MainWindow &window, Parts parts)
@@ -149,24 +162,16 @@ void WindowMenus::makeViewMenu()
         [this] { m_window.setWindowState(m_window.windowState() ^ Qt::WindowFullScreen); });
 }
 
-// On French keyboards the digits need Shift: there the keys themselves serve.
 void WindowMenus::addViewModes(QMenu *menu)
 {
-    struct Entry {
-        ViewMode mode;
-        Text text;
-        Qt::Key digit;
-        Qt::Key frenchKey;
-    };
-    static constexpr std::array<Entry, 4> kEntries{
-        {{ViewMode::grid, marked("Grille"), Qt::Key_1, Qt::Key_Ampersand},
-         {ViewMode::list, marked("Liste"), Qt::Key_2, Qt::Key_Eacute},
-         {ViewMode::waterfall, marked("Cascade"), Qt::Key_3, Qt::Key_QuoteDbl},
-         {ViewMode::compare, marked("Comparer"), Qt::Key_4, Qt::Key_Apostrophe}}};
+    static constexpr std::array<std::pair<ViewMode, Text>, 4> kModes{{{ViewMode::grid, marked("Grille")},
+                                                                      {ViewMode::list, marked("Liste")},
+                                                                      {ViewMode::waterfall, marked("Cascade")},
+                                                                      {ViewMode::compare, marked("Comparer")}}};
     auto *group = new QActionGroup(this);
-    for (const Entry &entry : kEntries) {
-        QAction *action = add(menu, entry.text, {control(entry.digit), control(entry.frenchKey)},
-                              [this, mode = entry.mode] { m_workspace.state().viewMode = mode; });
+    for (std::size_t i = 0; i < kModes.size(); ++i) {
+        QAction *action = add(menu, kModes[i].second, digitKeys(Qt::ControlModifier, i),
+                              [this, mode = kModes[i].first] { m_workspace.state().viewMode = mode; });
         action->setCheckable(true);
         group->addAction(action);
         m_viewModes.push_back(action);
@@ -189,11 +194,9 @@ void WindowMenus::addPanels(QMenu *menu)
                                                                     {Panel::similar, marked("Similaires")}}};
     QMenu *panels = menu->addMenu(QString());
     m_menuTexts.emplace_back(panels, marked("Panneaux"));
-    int digit = Qt::Key_1;
-    for (const auto &[panel, text] : kPanels) {
-        add(panels, text, {QKeySequence(QKeyCombination(Qt::AltModifier, static_cast<Qt::Key>(digit++)))},
-            [this, wanted = panel] { Q_EMIT m_workspace.panelWanted(wanted); });
-    }
+    for (std::size_t i = 0; i < kPanels.size(); ++i)
+        add(panels, kPanels[i].second, digitKeys(Qt::AltModifier, i),
+            [this, wanted = kPanels[i].first] { Q_EMIT m_workspace.panelWanted(wanted); });
 }
 
 void WindowMenus::makeLibraryMenu()
