@@ -12,8 +12,8 @@ namespace kerlune {
 
 namespace {
 
-constexpr quint32 kMagic = 0x4B464443; // "KFDC"
-constexpr quint32 kVersion = 1;        // raise it whenever the faces of a file are described differently
+constexpr quint32 kMagic = 0x4B464443;      // "KFDC"
+constexpr quint32 kVersion = 1;             // raise it whenever the faces of a file are described differently
 constexpr std::size_t kLeastEntrySize = 28; // bytes: of an empty path and without faces
 
 QByteArray bytesOf(const std::string &text)
