@@ -3718,6 +3718,10 @@
             <translation>Reduced to %1 to fit.</translation>
         </message>
         <message>
+            <source>Effacer</source>
+            <translation>Clear</translation>
+        </message>
+        <message>
             <source>Barre latérale</source>
             <translation>Sidebar</translation>
         </message>
@@ -3907,10 +3911,6 @@
         <message>
             <source>Enregistrer comme collection intelligente</source>
             <translation>Save as a smart collection</translation>
-        </message>
-        <message>
-            <source>Effacer</source>
-            <translation>Clear</translation>
         </message>
         <message>
             <source>Retirer tous les filtres</source>

@@ -42,7 +42,7 @@ protected:
             AppState::Surroundings{m_catalog, m_registry, m_events, m_scripts, m_front, m_directories}, kQuickShuffle);
         QCoro::waitFor(m_state->load());
         QCoro::waitFor(m_state->folderLibrary().add(m_home / "Polices"));
-        QCoro::waitFor(m_state->refreshRegisteredFonts());
+        EXPECT_TRUE(waitUntil([this] { return faceOf(m_mono) != nullptr; }));
     }
     ~HostCommandsTest() override
     {
