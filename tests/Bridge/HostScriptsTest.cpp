@@ -78,14 +78,15 @@ TEST(HostScripts, HoldTheirPlacesOnlyAsWholeLiterals)
     const std::string shared = resource("fonts.jsxinc");
     EXPECT_THAT(shared, HasSubstr("\"__DOCUMENTS__\".split"));
     for (const std::string name : {"photoshop", "illustrator", "indesign", "afterEffects"}) {
-        const std::string script = resource(name + ".jsx");
-        EXPECT_THAT(script, HasSubstr("\"__PSNAME__\";")) << name;
-        const std::string both = script + resource(name + ".fonts.jsx") + shared;
+        std::string scripts = resource(name + ".jsx");
+        EXPECT_THAT(scripts, HasSubstr("\"__PSNAME__\";")) << name;
+        scripts += resource(name + ".fonts.jsx");
+        scripts += shared;
         for (const std::string place : {"__PSNAME__", "__UNDO_NAME__", "__DOCUMENTS__"}) {
-            for (std::size_t at = 0; (at = both.find(place, at)) != std::string::npos; ++at)
-                EXPECT_EQ(both.substr(at - 1, place.size() + 2), '"' + place + '"') << name;
+            for (std::size_t at = 0; (at = scripts.find(place, at)) != std::string::npos; ++at)
+                EXPECT_EQ(scripts.substr(at - 1, place.size() + 2), '"' + place + '"') << name;
         }
-        EXPECT_TRUE(std::all_of(both.begin(), both.end(), [](char c) { return c > 0; })) << name << ": ASCII";
+        EXPECT_TRUE(std::all_of(scripts.begin(), scripts.end(), [](char c) { return c > 0; })) << name << ": ASCII";
     }
 }
 
