@@ -4,15 +4,13 @@
 #include "Events.h"
 #include "GoogleServer.h"
 #include "Identify/Fingerprint.h"
+#include "Testing.h"
 
 #include <QCoroTask>
-#include <gmock/gmock.h>
 
 namespace kerlune {
 namespace {
 
-using namespace std::chrono_literals;
-using testing::ElementsAre;
 using testing::Key;
 
 constexpr const char *kNothingCame = "Aucune police n'a pu être téléchargée. Vérifiez votre connexion.";
@@ -67,16 +65,6 @@ TEST_F(GoogleIdentifyIndexTest, FetchesInBatchesOfSixAndTellsHowFarItIs)
     build(families(13)); // only the one that failed
     EXPECT_EQ(m_index.readyCount(), 13U);
     EXPECT_EQ(m_server.requestsFor("/font/"), 14U);
-}
-
-TEST_F(GoogleIdentifyIndexTest, LeadsToFontsThatCanBeDrawnAndMeasured)
-{
-    m_server.setPlan({{"fontFile", systemFont("truetype/dejavu/DejaVuSans.ttf")}});
-    build(families(1));
-    ASSERT_EQ(m_index.readyCount(), 1U);
-    const auto font = m_index.descriptors().at("F0");
-    EXPECT_EQ(font->postScriptName, "DejaVuSans");
-    EXPECT_TRUE(Fingerprint::compute(openFace(font->filePath)));
 }
 
 TEST_F(GoogleIdentifyIndexTest, LivesOnWhatIsCachedWhenTheNetworkIsOff)
