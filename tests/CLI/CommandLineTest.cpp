@@ -16,10 +16,8 @@ using testing::MatchesRegex;
 
 TEST_F(CommandLineTest, IndexesAndListsFaces)
 {
-    for (const char *name : {"plain.ttf", "variable.ttf", "family-9.ttf", "family-10.ttf", "names-shift-jis.ttf"})
-        offer(name);
+    offerAll({"plain.ttf", "variable.ttf", "family-9.ttf", "family-10.ttf", "names-shift-jis.ttf"});
     const Result indexed = run("index");
-    EXPECT_EQ(indexed.status, 0);
     EXPECT_THAT(indexed.output, MatchesRegex("8 graisses dans 5 familles, lues en [0-9]+,[0-9] s\n"));
     EXPECT_EQ(indexed.messages, ""); // no progress bar where nobody looks
 
@@ -87,11 +85,8 @@ TEST_F(CommandLineTest, DoesNotWaitForAPipeAmongTheFonts)
 
 TEST_F(CommandLineTest, SendsNoControlCharactersOfAFontToTheTerminal)
 {
-    offer("names-control.ttf");
-    const Result indexed = run("index");
-    EXPECT_EQ(indexed.status, 0);
-    const Result text = run("faces");
-    EXPECT_THAT(text.output, HasSubstr("Essai\uFFFD]0;x\uFFFDFin"));
+    offerAll({"names-control.ttf"});
+    EXPECT_THAT(run("faces").output, HasSubstr("Essai\uFFFD]0;x\uFFFDFin"));
     EXPECT_EQ(faces().at(0).at("family"), "Essai\x1B]0;x\aFin");
 }
 
@@ -148,9 +143,7 @@ TEST_F(CommandLineTest, RefusesWrongUsage)
 
 TEST_F(CommandLineTest, LeavesTheIndexWholeWhenKilledAtAnyMoment)
 {
-    for (const char *name : {"plain.ttf", "variable.ttf", "collection.ttc", "italic.ttf"})
-        offer(name);
-    ASSERT_EQ(run("index").status, 0);
+    offerAll({"plain.ttf", "variable.ttf", "collection.ttc", "italic.ttf"});
     const json before = faces();
     for (int moment = 0; moment < 40; ++moment) {
         const pid_t child = start({"index"});

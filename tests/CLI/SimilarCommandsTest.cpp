@@ -87,10 +87,8 @@ TEST_F(SimilarCommandsTest, ListsLookAlikesBestFirst)
 
 TEST_F(SimilarCommandsTest, ComputesEachOnceWhateverEndsAProcess)
 {
-    for (const char *font : {"plain.ttf", "fingerprint-wide.ttf", "fingerprint-four.ttf", "i-sans.ttf", "i-slab.ttf",
-                             "i-serif.ttf", "variable.ttf", "family-9.ttf", "family-10.ttf"})
-        offer(font);
-    EXPECT_EQ(run("index").status, 0);
+    offerAll({"plain.ttf", "fingerprint-wide.ttf", "fingerprint-four.ttf", "i-sans.ttf", "i-slab.ttf", "i-serif.ttf",
+              "variable.ttf", "family-9.ttf", "family-10.ttf"});
     for (int delay = 5; delay <= 320; delay *= 2) { // milliseconds: before, while and after it writes
         const pid_t child = start({"similar", "EssaiPlain-Regular"});
         std::this_thread::sleep_for(std::chrono::milliseconds(delay));

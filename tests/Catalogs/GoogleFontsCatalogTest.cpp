@@ -88,19 +88,6 @@ TEST(GoogleFontsCatalog, PassesOverNamelessFamiliesAndRefusesOtherForms)
     }
 }
 
-TEST(GoogleFontsCatalog, SaysInFrenchWhatIsWrong)
-{
-    using Case = CatalogError::Case;
-    EXPECT_EQ((CatalogError{.kind = Case::badResponse, .status = 503}.description()),
-              "Google Fonts a répondu par une erreur (503).");
-    EXPECT_EQ((CatalogError{.kind = Case::noFontFiles, .name = "Lora"}.description()),
-              "Google Fonts ne propose aucun fichier pour « Lora ».");
-    EXPECT_EQ((CatalogError{.kind = Case::invalidFont, .name = "a.ttf"}.description()),
-              "Le fichier « a.ttf » n'est pas une police valide.");
-    EXPECT_EQ((CatalogError{.kind = Case::unreadable}.description()),
-              "Le catalogue Google Fonts est illisible : son format a peut-être changé.");
-}
-
 TEST(GoogleFontsCatalog, KeepsTheCacheForSevenDaysAndAllOfItOrNothing)
 {
     const TempFolder home;
