@@ -53,7 +53,6 @@ TEST_F(GoogleIdentifyIndexTest, FetchesInBatchesOfSixAndTellsHowFarItIs)
     auto second = m_index.build(families(20)); // is passed over
     EXPECT_TRUE(second.isReady());
     QCoro::waitFor(std::move(first));
-    using testing::Pair;
     EXPECT_THAT(seen, ElementsAre(Pair(6.0 / 13, 6), Pair(12.0 / 13, 12), Pair(1.0, 13)));
     EXPECT_FALSE(m_index.isBuilding());
     EXPECT_EQ(m_index.readyCount(), 12U);
