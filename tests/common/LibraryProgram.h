@@ -7,6 +7,8 @@
 #include "Platform/Linux/InotifyEventStream.h"
 #include "State/AppState.h"
 
+#include <utility>
+
 namespace kerlune {
 
 // Changes are taken up at once, and what is told stays until a test has looked.
@@ -20,8 +22,8 @@ inline constexpr AppState::Delays kQuick{.registryRefresh = 20ms,
 
 // A library as a program has it open; several may be at a time.
 struct LibraryProgram {
-    explicit LibraryProgram(const Directories &itsDirectories, const AppState::Delays &delays = kQuick)
-        : directories(itsDirectories)
+    explicit LibraryProgram(Directories itsDirectories, const AppState::Delays &delays = kQuick)
+        : directories(std::move(itsDirectories))
         , state({catalog, registry, events, scripts, front, directories}, delays)
     {}
     ~LibraryProgram() { finishBackgroundWork(); }
