@@ -3,10 +3,10 @@
 #include "Bridge/ResumeOnce.h"
 #include "MadeScriptEngine.h"
 #include "Platform/Linux/NoScriptEngine.h"
+#include "Testing.h"
 
 #include <QCoroTask>
 #include <QThread>
-#include <gmock/gmock.h>
 
 #include <atomic>
 #include <functional>

@@ -3,15 +3,14 @@
 #include "Bridge/ScriptText.h"
 #include "Platform/Linux/NoScriptEngine.h"
 #include "TempFolder.h"
+#include "Testing.h"
 
 #include <QCoroTask>
-#include <gmock/gmock.h>
 
 namespace kerlune {
 namespace {
 
 using namespace ApplyOutcome;
-using testing::StartsWith;
 
 const FontRecordPointer kRecord = std::make_shared<const FontRecord>();
 

@@ -1,42 +1,15 @@
 // The scripts that list the fonts of documents, each run in a model of its host.
 
-#include "Bridge/HostBridge.h"
 #include "HostModel.h"
-
-#include <QCoroTask>
-#include <gmock/gmock.h>
+#include "Testing.h"
 
 namespace kerlune {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::UnorderedElementsAre;
-
-class Documents {
-public:
-    Documents(HostApp app, const std::string &model, const std::string &open)
-        : m_app(app)
-        , m_host(model)
-    {
-        m_host.eval(open);
-    }
-
-    std::vector<UsedFont> fontsOf(const std::vector<std::string> &documents)
-    {
-        HostBridge bridge(m_engine, {.scripts = std::string(KERLUNE_RESOURCES) + "/Bridge", .resolve = {}}, {});
-        return QCoro::waitFor(bridge.host(m_app).usedFonts(documents)).value();
-    }
-
-private:
-    HostApp m_app;
-    HostModel m_host;
-    ModelEngine m_engine{m_host};
-};
-
 TEST(HostFonts, PhotoshopTellsThoseOfEachStretchOfText)
 {
-    Documents photoshop(HostApp::photoshop, "photoshop", R"(
+    ModelledHost photoshop(HostApp::photoshop, "photoshop");
+    photoshop.eval(R"(
         openNamed(1, "other.psd", [textLayer(1, "a")]);
         openNamed(2, "a \"b\".psd", [pixelLayer(1, "p"), group(2, "g", [
             withStretches(textLayer(3, "t"), [
@@ -52,7 +25,8 @@ TEST(HostFonts, PhotoshopTellsThoseOfEachStretchOfText)
 
 TEST(HostFonts, IllustratorTellsThoseItListsAndThoseOfItsText)
 {
-    Documents illustrator(HostApp::illustrator, "illustrator", R"(
+    ModelledHost illustrator(HostApp::illustrator, "illustrator");
+    illustrator.eval(R"(
         var packet = '<xmp><xmpTPg:Fonts>\n<rdf:Bag>' +
             '<rdf:li rdf:parseType="Resource"><stFnt:fontName>Lost-Bold</stFnt:fontName>' +
             '<stFnt:fontFamily>Lost &amp; Found &#xE9;</stFnt:fontFamily><stFnt:fontFace>Bold</stFnt:fontFace></rdf:li>' +
@@ -69,7 +43,8 @@ TEST(HostFonts, IllustratorTellsThoseItListsAndThoseOfItsText)
 
 TEST(HostFonts, InDesignTellsThoseOfTheDocument)
 {
-    Documents indesign(HostApp::indesign, "indesign", R"(
+    ModelledHost indesign(HostApp::indesign, "indesign");
+    indesign.eval(R"(
         app.documents.push({name: "a.indd", fonts: [
             {postscriptName: "Inter-Bold", fontFamily: "Inter", fontStyleName: "Bold"},
             defineProperty({fontFamily: "Lost", fontStyleName: "Regular"}, "postscriptName",
@@ -78,7 +53,7 @@ TEST(HostFonts, InDesignTellsThoseOfTheDocument)
     )");
     EXPECT_THAT(indesign.fontsOf({"a.indd"}),
                 ElementsAre(UsedFont{"Inter-Bold", "Inter", "Bold"}, UsedFont{"", "Lost", "Regular"}));
-    EXPECT_THAT(indesign.fontsOf({"a.indd", "b.indd"}), testing::SizeIs(3));
+    EXPECT_THAT(indesign.fontsOf({"a.indd", "b.indd"}), SizeIs(3));
 }
 
 TEST(HostFonts, AfterEffectsTellsThoseOfTheProjectInEveryVersion)
@@ -94,12 +69,14 @@ TEST(HostFonts, AfterEffectsTellsThoseOfTheProjectInEveryVersion)
             return [{name: "folder"}, {layers: layers, numLayers: 2, layer: function (j) { return layers[j - 1]; }}][i - 1];
         }};
     )";
-    Documents old(HostApp::afterEffects, "afterEffects", project);
+    ModelledHost old(HostApp::afterEffects, "afterEffects");
+    old.eval(project);
     EXPECT_THAT(old.fontsOf({"a b.aep"}),
                 UnorderedElementsAre(UsedFont{"Inter", "Inter", "Bold"}, UsedFont{"Inter1", "Inter", "Bold"},
                                      UsedFont{"Inter2", "Inter", "Bold"}));
     EXPECT_THAT(old.fontsOf({"b.aep"}), IsEmpty());
-    Documents recent(HostApp::afterEffects, "afterEffects", project + R"(
+    ModelledHost recent(HostApp::afterEffects, "afterEffects");
+    recent.eval(project + R"(
         app.project.usedFonts = [{font: {postScriptName: "New", familyName: "New", styleName: "Thin"}, usedAt: []}];
     )");
     EXPECT_THAT(recent.fontsOf({"a b.aep"}), ElementsAre(UsedFont{"New", "New", "Thin"}));

@@ -3,9 +3,9 @@
 #include "Bridge/HostBridge.h"
 #include "HostModel.h"
 #include "TempFolder.h"
+#include "Testing.h"
 
 #include <QCoroTask>
-#include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
@@ -17,17 +17,6 @@ namespace {
 
 using namespace ApplyOutcome;
 using Kind = AppleScriptToken::Kind;
-using testing::ElementsAre;
-using testing::HasSubstr;
-
-FontRecordPointer fontNamed(const std::string &postScriptName)
-{
-    FontRecord record;
-    record.postScriptName = postScriptName;
-    record.family = "Inter";
-    record.style = "Bold";
-    return std::make_shared<const FontRecord>(record);
-}
 
 const std::string kUnknown = " ne connaît pas la police « ";
 const std::string kWait = " ». Si elle vient d'être activée, attendez quelques secondes.";
@@ -44,30 +33,6 @@ const std::array<std::string, 10> kHostileNames{
     "\" & (do shell script \"hacked\") & \"",
     "__UNDO_NAME__ ${hacked = true} %1 \t\x01 \\u0022",
     "'; hacked = true; '",
-};
-
-class Fixture {
-public:
-    Fixture(HostApp app, const std::string &model)
-        : m_app(app)
-        , host(model)
-    {}
-
-    ApplyResult apply(const std::string &font = "Inter-Bold")
-    {
-        HostBridge bridge(engine, {.scripts = std::string(KERLUNE_RESOURCES) + "/Bridge", .resolve = {}}, {});
-        return QCoro::waitFor(bridge.apply(fontNamed(font), m_app));
-    }
-    std::string failure(const std::string &font = "Inter-Bold") { return failureMessage(apply(font)); }
-    std::string eval(const std::string &javaScript) { return host.eval(javaScript); }
-    Applied applied(std::int64_t count) const { return {count, m_app}; }
-
-private:
-    HostApp m_app;
-
-public:
-    HostModel host;
-    ModelEngine engine{host};
 };
 
 TEST(HostScripts, HoldTheirPlacesOnlyAsWholeLiterals)
@@ -112,31 +77,31 @@ TEST(HostScripts, NoFontNameBecomesCode)
     for (const Case &host : cases) {
         for (const std::string &name : kHostileNames) {
             SCOPED_TRACE(std::string(host.model) + ": " + name);
-            Fixture fixture(host.app, host.model);
+            ModelledHost fixture(host.app, host.model);
             const nlohmann::json literal = name; // written by another hand than the bridge's
             fixture.eval("var hacked = false; var wanted = " + literal.dump(-1, ' ', true) +
                          R"(.replace(/\r\n?/g, "\n"); )" + host.learn);
-            EXPECT_EQ(fixture.apply(name), ApplyResult(fixture.applied(1)));
+            EXPECT_EQ(fixture.apply(name), ApplyResult(Applied{1, host.app}));
             EXPECT_EQ(fixture.eval(std::string(host.font) + " === wanted"), "true");
             EXPECT_EQ(fixture.eval("hacked"), "false");
-            const auto strings = std::count_if(fixture.engine.script.begin(), fixture.engine.script.end(),
+            const auto strings = std::count_if(fixture.script().begin(), fixture.script().end(),
                                                [](const auto &token) { return token.kind == Kind::String; });
             EXPECT_EQ(strings, host.app == HostApp::indesign ? 3 : 2);
-            EXPECT_EQ(fixture.engine.script.back(), (AppleScriptToken{Kind::Word, "tell"}));
+            EXPECT_EQ(fixture.script().back(), (AppleScriptToken{Kind::Word, "tell"}));
         }
     }
 }
 
 TEST(HostScripts, AnAnswerIsOneLineWhateverTheFontIsCalled)
 {
-    Fixture photoshop(HostApp::photoshop, "photoshop");
+    ModelledHost photoshop(HostApp::photoshop, "photoshop");
     photoshop.eval("open([textLayer(1, 'a')], [1])");
     EXPECT_EQ(photoshop.failure("a:b\nOK|9"), "Photoshop" + kUnknown + "a\u2236b OK|9" + kWait);
 }
 
 TEST(HostScripts, PhotoshopChangesTheSelectedTextLayersInOneStep)
 {
-    Fixture photoshop(HostApp::photoshop, "photoshop");
+    ModelledHost photoshop(HostApp::photoshop, "photoshop");
     EXPECT_EQ(photoshop.failure(), "Aucun document ouvert");
     photoshop.eval("open([pixelLayer(1, 'Fond : bleu'), textLayer(2, 'a'), textLayer(7, 'b'),"
                    "group(3, 'g', [textLayer(4, 'c'), group(5, 'h', [textLayer(6, 'd')])])], [])");
@@ -150,40 +115,40 @@ TEST(HostScripts, PhotoshopChangesTheSelectedTextLayersInOneStep)
     EXPECT_EQ(photoshop.eval("fontsOf([2, 6])"), "Old Old");
     EXPECT_EQ(photoshop.eval("model.steps.length"), "0");
 
-    EXPECT_EQ(photoshop.apply(), ApplyResult(photoshop.applied(2)));
+    EXPECT_EQ(photoshop.apply(), ApplyResult(Applied{2, HostApp::photoshop}));
     EXPECT_EQ(photoshop.eval("fontsOf([2, 4, 6, 7])"), "Inter-Bold Old Inter-Bold Old");
     EXPECT_EQ(photoshop.eval("model.steps"), "Kerlune : changer la police");
     EXPECT_EQ(photoshop.eval("typeof kerluneChange"), "undefined");
-    EXPECT_EQ(photoshop.engine.script.at(3).text, "com.adobe.Photoshop");
+    EXPECT_EQ(photoshop.script().at(3).text, "com.adobe.Photoshop");
 }
 
 TEST(HostScripts, PhotoshopTakesTheActiveLayerWhereItDoesNotTellTheSelectedOnes)
 {
-    Fixture photoshop(HostApp::photoshop, "photoshop");
+    ModelledHost photoshop(HostApp::photoshop, "photoshop");
     photoshop.eval("open([textLayer(1, 'a'), textLayer(2, 'b')], [1, 2]); ActionReference = undefined");
-    EXPECT_EQ(photoshop.apply(), ApplyResult(photoshop.applied(1)));
+    EXPECT_EQ(photoshop.apply(), ApplyResult(Applied{1, HostApp::photoshop}));
     EXPECT_EQ(photoshop.eval("fontsOf([1, 2])"), "Old Inter-Bold");
 }
 
 TEST(HostScripts, WhatAHostRefusesIsToldInItsWords)
 {
-    Fixture photoshop(HostApp::photoshop, "photoshop");
+    ModelledHost photoshop(HostApp::photoshop, "photoshop");
     photoshop.eval("open([lockedLayer(1, 'a'), textLayer(2, 'b')], [1])");
     EXPECT_EQ(photoshop.failure(), "The layer is locked.");
     photoshop.eval("model.selected = [1, 2]");
     EXPECT_EQ(photoshop.apply(), ApplyResult(Applied{1, HostApp::photoshop, "The layer is locked."}));
 
-    Fixture illustrator(HostApp::illustrator, "illustrator");
+    ModelledHost illustrator(HostApp::illustrator, "illustrator");
     illustrator.eval("open([lockedFrame()])");
     EXPECT_EQ(illustrator.failure(), "Target layer cannot be modified");
     illustrator.eval("open([lockedFrame(), textFrame(2)])");
     EXPECT_EQ(illustrator.apply(), ApplyResult(Applied{1, HostApp::illustrator, "Target layer cannot be modified"}));
 
-    Fixture indesign(HostApp::indesign, "indesign");
+    ModelledHost indesign(HostApp::indesign, "indesign");
     indesign.eval("var locked = new Text('abc'); locked.isLocked = true; open([locked])");
     EXPECT_EQ(indesign.failure(), "The story is locked.");
 
-    Fixture afterEffects(HostApp::afterEffects, "afterEffects");
+    ModelledHost afterEffects(HostApp::afterEffects, "afterEffects");
     afterEffects.eval("open([failingLayer()])");
     EXPECT_EQ(afterEffects.failure(), "The layer is locked: |");
     EXPECT_EQ(afterEffects.eval("model.isStepOpen"), "false");
@@ -194,7 +159,7 @@ TEST(HostScripts, WhatAHostRefusesIsToldInItsWords)
 
 TEST(HostScripts, IllustratorChangesTextObjectsAndCharacters)
 {
-    Fixture illustrator(HostApp::illustrator, "illustrator");
+    ModelledHost illustrator(HostApp::illustrator, "illustrator");
     EXPECT_EQ(illustrator.failure(), "Aucun document ouvert");
     for (const char *nothing : {"open(undefined)", "open([])"}) {
         illustrator.eval(nothing);
@@ -206,18 +171,18 @@ TEST(HostScripts, IllustratorChangesTextObjectsAndCharacters)
     }
     illustrator.eval("var frame = textFrame(5), inner = textFrame(1); open([path(), frame, group([group([inner])])])");
     EXPECT_EQ(illustrator.failure("Nowhere"), "Illustrator" + kUnknown + "Nowhere" + kWait);
-    EXPECT_EQ(illustrator.apply(), ApplyResult(illustrator.applied(2)));
+    EXPECT_EQ(illustrator.apply(), ApplyResult(Applied{2, HostApp::illustrator}));
     EXPECT_EQ(illustrator.eval("fontOf(frame.textRange) + fontOf(inner.textRange)"), "Inter-BoldInter-Bold");
 
     illustrator.eval("var range = textRange(2); open(range)");
-    EXPECT_EQ(illustrator.apply(), ApplyResult(illustrator.applied(1)));
+    EXPECT_EQ(illustrator.apply(), ApplyResult(Applied{1, HostApp::illustrator}));
     EXPECT_EQ(illustrator.eval("fontOf(range)"), "Inter-Bold");
-    EXPECT_EQ(illustrator.engine.script.at(3).text, "com.adobe.illustrator");
+    EXPECT_EQ(illustrator.script().at(3).text, "com.adobe.illustrator");
 }
 
 TEST(HostScripts, InDesignChangesFramesTablesAndText)
 {
-    Fixture indesign(HostApp::indesign, "indesign");
+    ModelledHost indesign(HostApp::indesign, "indesign");
     EXPECT_EQ(indesign.failure(), "Aucun document ouvert");
     indesign.eval("open([])");
     EXPECT_EQ(indesign.failure(), "Aucune sélection");
@@ -231,12 +196,12 @@ TEST(HostScripts, InDesignChangesFramesTablesAndText)
                   "open([frame, new Group([new Rectangle([inner])]), new Table([cell, new Cell('')]), words, ring])");
     for (const char *missing : {"Nowhere", "Lost"})
         EXPECT_THAT(indesign.failure(missing), HasSubstr(missing + kWait));
-    EXPECT_EQ(indesign.apply(), ApplyResult(indesign.applied(5)));
+    EXPECT_EQ(indesign.apply(), ApplyResult(Applied{5, HostApp::indesign}));
     EXPECT_EQ(indesign.eval("[frame.texts[0].font, inner.texts[0].font, cell.texts[0].font, words.font, "
                             "ring.textPaths[0].texts[0].font].join()"),
               "Inter-Bold,Inter-Bold,Inter-Bold,Inter-Bold,Inter-Bold");
 
-    std::vector<AppleScriptToken> script = indesign.engine.script;
+    std::vector<AppleScriptToken> script = indesign.script();
     script.at(6).text.clear();
     const auto word = [](const char *text) { return AppleScriptToken{Kind::Word, text}; };
     const auto string = [](const char *text) { return AppleScriptToken{Kind::String, text}; };
@@ -248,15 +213,15 @@ TEST(HostScripts, InDesignChangesFramesTablesAndText)
 
 TEST(HostScripts, InDesignReadsItsFontsOneByOneWhereOneIsDamaged)
 {
-    Fixture indesign(HostApp::indesign, "indesign");
+    ModelledHost indesign(HostApp::indesign, "indesign");
     indesign.eval("app.fonts.unshift(damagedFont()); var text = new Text('a'); open([text])");
-    EXPECT_EQ(indesign.apply(), ApplyResult(indesign.applied(1)));
+    EXPECT_EQ(indesign.apply(), ApplyResult(Applied{1, HostApp::indesign}));
     EXPECT_EQ(indesign.eval("text.font"), "Inter-Bold");
 }
 
 TEST(HostScripts, AfterEffectsChangesTheSelectedTextLayersAtEachKeyframe)
 {
-    Fixture afterEffects(HostApp::afterEffects, "afterEffects");
+    ModelledHost afterEffects(HostApp::afterEffects, "afterEffects");
     for (const char *none : {"0", "app.project.activeItem = {name: 'footage'}", "app.project = null"}) {
         afterEffects.eval(none);
         EXPECT_EQ(afterEffects.failure(), "Aucune composition active") << none;
@@ -266,27 +231,27 @@ TEST(HostScripts, AfterEffectsChangesTheSelectedTextLayersAtEachKeyframe)
     afterEffects.eval("open([solidLayer()])");
     EXPECT_EQ(afterEffects.failure(), "La sélection ne contient aucun calque de texte");
     afterEffects.eval("var still = textLayer(), moving = textLayer(3); open([still, solidLayer(), moving])");
-    EXPECT_EQ(afterEffects.apply(), ApplyResult(afterEffects.applied(2)));
+    EXPECT_EQ(afterEffects.apply(), ApplyResult(Applied{2, HostApp::afterEffects}));
     EXPECT_EQ(afterEffects.eval("still.text.fonts()"), "Inter-Bold");
     EXPECT_EQ(afterEffects.eval("moving.text.fonts()"), "Inter-Bold Inter-Bold Inter-Bold");
     EXPECT_EQ(afterEffects.eval("model.steps"), "Kerlune : changer la police");
     EXPECT_EQ(afterEffects.eval("model.isStepOpen"), "false");
-    EXPECT_EQ(afterEffects.engine.script.at(3).text, "com.adobe.AfterEffects.application");
-    EXPECT_EQ(afterEffects.engine.script.at(4).text, "DoScript");
+    EXPECT_EQ(afterEffects.script().at(3).text, "com.adobe.AfterEffects.application");
+    EXPECT_EQ(afterEffects.script().at(4).text, "DoScript");
 }
 
 TEST(HostScripts, AfterEffectsTellsAnUnknownFontInEveryVersion)
 {
     const std::string message = "After Effects" + kUnknown + "Nowhere" + kWait;
-    Fixture old(HostApp::afterEffects, "afterEffects");
+    ModelledHost old(HostApp::afterEffects, "afterEffects");
     old.eval("open([textLayer()])");
     EXPECT_EQ(old.failure("Nowhere"), message);
 
-    Fixture recent(HostApp::afterEffects, "afterEffects");
+    ModelledHost recent(HostApp::afterEffects, "afterEffects");
     recent.eval("offerFonts(); open([textLayer()])");
     EXPECT_EQ(recent.failure("Nowhere"), message);
     EXPECT_EQ(recent.eval("model.steps.length"), "0");
-    EXPECT_EQ(recent.apply(), ApplyResult(recent.applied(1)));
+    EXPECT_EQ(recent.apply(), ApplyResult(Applied{1, HostApp::afterEffects}));
 }
 
 } // namespace

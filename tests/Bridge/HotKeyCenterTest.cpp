@@ -1,18 +1,15 @@
 #include "Bridge/HotKeyCenter.h"
 
 #include "MadeHotKeys.h"
+#include "Testing.h"
 
 #include <QCoreApplication>
-#include <gmock/gmock.h>
 
 #include <string>
 #include <vector>
 
 namespace kerlune {
 namespace {
-
-using testing::IsEmpty;
-using testing::SizeIs;
 
 TEST(HotKeyCenter, HoldsOneKeyWithTheLastAction)
 {
@@ -33,7 +30,7 @@ TEST(HotKeyCenter, HoldsOneKeyWithTheLastAction)
     key.pressed(1);
     EXPECT_THAT(runs, IsEmpty()) << "never from within the key's own event";
     QCoreApplication::processEvents();
-    EXPECT_THAT(runs, testing::ElementsAre("second"));
+    EXPECT_THAT(runs, ElementsAre("second"));
 
     key.pressed(1);
     center.unregister();

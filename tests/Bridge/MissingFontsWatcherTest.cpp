@@ -3,24 +3,16 @@
 #include "Events.h"
 #include "MadeFrontApplication.h"
 #include "MadeScriptEngine.h"
+#include "Testing.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
-#include <gmock/gmock.h>
 
 #include <atomic>
 #include <mutex>
 
 namespace kerlune {
 namespace {
-
-using namespace std::chrono_literals;
-using testing::ElementsAre;
-using testing::EndsWith;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::SizeIs;
-using testing::StartsWith;
 
 struct Found {
     std::vector<UsedFont> fonts;

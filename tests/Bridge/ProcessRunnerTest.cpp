@@ -2,10 +2,10 @@
 
 #include "Events.h"
 #include "TempFolder.h"
+#include "Testing.h"
 
 #include <QCoroTask>
 #include <QDeadlineTimer>
-#include <gmock/gmock.h>
 
 #include <csignal>
 #include <cstdlib>
@@ -14,9 +14,6 @@
 
 namespace kerlune {
 namespace {
-
-using namespace std::chrono_literals;
-using testing::StartsWith;
 
 constexpr double kLong = 60; // seconds; no test waits as long
 
@@ -97,7 +94,7 @@ TEST_F(ProcessRunnerTest, GivenVariablesWinOverThoseOfThisProcess)
 
 TEST_F(ProcessRunnerTest, AProgramThatCannotBeLaunchedFails)
 {
-    for (const std::filesystem::path &program : {m_home / "nothing", m_home.path()}) {
+    for (const fs::path &program : {m_home / "nothing", m_home.path()}) {
         const auto outcome = std::get<ScriptFailure>(QCoro::waitFor(m_runner->run(program, {}, {}, kLong)));
         EXPECT_EQ(outcome.code, -1);
         EXPECT_THAT(outcome.message, StartsWith("Lancement impossible : "));

@@ -3,9 +3,9 @@
 #include "Bridge/HostBridge.h"
 #include "Platform/Linux/NoScriptEngine.h"
 #include "TempFolder.h"
+#include "Testing.h"
 
 #include <QCoroTask>
-#include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
 #include <cstdlib>
@@ -13,11 +13,8 @@
 namespace kerlune {
 namespace {
 
-namespace fs = std::filesystem;
 using namespace ApplyOutcome;
 using nlohmann::json;
-using testing::HasSubstr;
-using testing::StartsWith;
 
 class ResolveScript : public testing::Test {
 protected:

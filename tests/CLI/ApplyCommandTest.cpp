@@ -1,24 +1,16 @@
 #include "CommandLineFixture.h"
 
-#include <gmock/gmock.h>
-
 #include <string>
 
 namespace kerlune {
 namespace {
-
-namespace fs = std::filesystem;
-using nlohmann::json;
-using testing::HasSubstr;
-using testing::StartsWith;
 
 // Resolve's interpreter is stood in for by a shell script that writes down what it is given.
 class ApplyCommandTest : public CommandLineTest {
 protected:
     ApplyCommandTest()
     {
-        offer("plain.ttf");
-        EXPECT_EQ(run("index").status, 0);
+        offerAll({"plain.ttf"});
         const json record = faces().at(0);
         m_name = record.at("postScriptName");
         m_family = record.at("family");
@@ -74,26 +66,15 @@ TEST_F(ApplyCommandTest, TheEnvironmentPrecedesTheSettings)
 
 TEST_F(ApplyCommandTest, SaysWhyItCannot)
 {
-    struct Case {
-        std::string arguments;
-        int status;
-        std::string message;
-    };
-    const std::vector<Case> cases{
-        {"apply", 2, "Donnez le nom PostScript d’une police"},
+    expect({
+        {"apply", 2, "kerlune: Donnez le nom PostScript d’une police"},
         {"apply a b --to resolve", 2, "Donnez le nom PostScript d’une police"},
         {"apply '" + m_name + "'", 2, "Donnez par --to le programme"},
         {"apply '" + m_name + "' --to paint", 2, "Programme inconnu : « paint »."},
         {"apply nowhere --to photoshop", 1, "Aucune police « nowhere » dans la bibliothèque."},
         {"apply '" + m_name + "' --to photoshop", 1, "Photoshop n'est pas lancé."},
         {"apply '" + m_name + "' --to 'After Effects' --json", 1, "After Effects n'est pas lancé."},
-    };
-    for (const auto &[arguments, status, message] : cases) {
-        const Result result = run(arguments);
-        EXPECT_EQ(result.status, status) << arguments;
-        EXPECT_THAT(result.messages, StartsWith("kerlune: " + message)) << arguments;
-        EXPECT_EQ(result.output, "") << arguments;
-    }
+    });
     EXPECT_EQ(runJson("recents"), json::array());
 }
 

@@ -3,8 +3,8 @@
 #include "FontconfigFile.h"
 #include "TempFolder.h"
 #include "TestFonts.h"
+#include "Testing.h"
 
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -15,6 +15,8 @@
 #include <vector>
 
 namespace kerlune {
+
+using nlohmann::json;
 
 struct Result {
     int status;
@@ -27,7 +29,7 @@ class CommandLineTest : public testing::Test {
 protected:
     CommandLineTest()
     {
-        std::filesystem::create_directories(fonts());
+        fs::create_directories(fonts());
         setenv("XDG_DATA_HOME", (m_home / "data").c_str(), 1);
         setenv("XDG_CACHE_HOME", (m_home / "cache").c_str(), 1);
         setenv("XDG_CONFIG_HOME", (m_home / "config").c_str(), 1);
@@ -36,9 +38,21 @@ protected:
             unsetenv(variable); // a command that is missing would open the window
     }
 
-    std::filesystem::path fonts() const { return m_home / "fonts"; }
-    std::filesystem::path database() const { return m_home / "data/Kerlune/index.sqlite"; }
-    void offer(const std::string &name) { std::filesystem::copy_file(testFont(name), fonts() / name); }
+    fs::path fonts() const { return m_home / "fonts"; }
+    fs::path database() const { return m_home / "data/Kerlune/index.sqlite"; }
+    void offer(const std::string &name) const { fs::copy_file(testFont(name), fonts() / name); }
+    void offerAll(std::initializer_list<const char *> names) const // and has them indexed
+    {
+        for (const char *name : names)
+            offer(name);
+        EXPECT_EQ(run("index").status, 0);
+    }
+    // A copy of a test font below the home; gives its path.
+    std::string put(const std::string &name, const std::string &font = "plain.ttf") const
+    {
+        writeFile(m_home / name, readFile(testFont(font)));
+        return m_home / name;
+    }
 
     Result run(const std::string &arguments, const std::string &outputTo = {},
                const std::string &inputFrom = "/dev/null") const
@@ -51,13 +65,28 @@ protected:
                 readFile(m_home / "messages")};
     }
 
-    nlohmann::json runJson(const std::string &arguments) const
+    json runJson(const std::string &arguments) const
     {
         const Result result = run(arguments + " --json");
         EXPECT_EQ(result.status, 0) << arguments << ": " << result.messages;
-        return nlohmann::json::parse(result.output);
+        return json::parse(result.output);
     }
-    nlohmann::json faces() const { return runJson("faces"); }
+    struct Case {
+        std::string arguments;
+        int status;
+        std::string message;
+    };
+    // What fails prints nothing, and says why.
+    void expect(const std::vector<Case> &cases) const
+    {
+        for (const auto &[arguments, status, message] : cases) {
+            const Result result = run(arguments);
+            EXPECT_EQ(result.status, status) << arguments;
+            EXPECT_THAT(result.messages, HasSubstr(message)) << arguments;
+            EXPECT_TRUE(status == 0 || result.output.empty()) << arguments;
+        }
+    }
+    json faces() const { return runJson("faces"); }
     std::string inHome(const std::string &name) const { return "'" + (m_home / name).string() + "'"; }
 
     // The program in a process of its own, not waited for.

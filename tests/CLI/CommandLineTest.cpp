@@ -2,7 +2,6 @@
 #include "Model/FontRecord.h"
 #include "Store/FontIndexStore.h"
 
-#include <gmock/gmock.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 
@@ -13,17 +12,12 @@
 namespace kerlune {
 namespace {
 
-namespace fs = std::filesystem;
-using nlohmann::json;
-using testing::HasSubstr;
 using testing::MatchesRegex;
 
 TEST_F(CommandLineTest, IndexesAndListsFaces)
 {
-    for (const char *name : {"plain.ttf", "variable.ttf", "family-9.ttf", "family-10.ttf", "names-shift-jis.ttf"})
-        offer(name);
+    offerAll({"plain.ttf", "variable.ttf", "family-9.ttf", "family-10.ttf", "names-shift-jis.ttf"});
     const Result indexed = run("index");
-    EXPECT_EQ(indexed.status, 0);
     EXPECT_THAT(indexed.output, MatchesRegex("8 graisses dans 5 familles, lues en [0-9]+,[0-9] s\n"));
     EXPECT_EQ(indexed.messages, ""); // no progress bar where nobody looks
 
@@ -67,9 +61,7 @@ TEST_F(CommandLineTest, KeepsTheIndexOfAMachineThatLostItsFonts)
     offer("plain.ttf");
     run("index");
     fs::remove_all(fonts());
-    const Result result = run("index");
-    EXPECT_EQ(result.status, 1);
-    EXPECT_THAT(result.messages, HasSubstr("Aucune police : fontconfig n’en propose aucune"));
+    expect({{"index", 1, "Aucune police : fontconfig n’en propose aucune"}});
     EXPECT_EQ(faces().size(), 1U);
 
     fs::create_directories(fonts());
@@ -87,19 +79,14 @@ TEST_F(CommandLineTest, DoesNotWaitForAPipeAmongTheFonts)
     offer("plain.ttf");
     run("index");
     ASSERT_EQ(mkfifo((fonts() / "pipe.ttf").c_str(), 0600), 0);
-    const Result result = run("index");
-    EXPECT_EQ(result.status, 1);
-    EXPECT_THAT(result.messages, HasSubstr("pipe.ttf : tube sur lequel"));
+    expect({{"index", 1, "pipe.ttf : tube sur lequel"}});
     EXPECT_EQ(faces().size(), 1U);
 }
 
 TEST_F(CommandLineTest, SendsNoControlCharactersOfAFontToTheTerminal)
 {
-    offer("names-control.ttf");
-    const Result indexed = run("index");
-    EXPECT_EQ(indexed.status, 0);
-    const Result text = run("faces");
-    EXPECT_THAT(text.output, HasSubstr("Essai\uFFFD]0;x\uFFFDFin"));
+    offerAll({"names-control.ttf"});
+    EXPECT_THAT(run("faces").output, HasSubstr("Essai\uFFFD]0;x\uFFFDFin"));
     EXPECT_EQ(faces().at(0).at("family"), "Essai\x1B]0;x\aFin");
 }
 
@@ -107,20 +94,14 @@ TEST_F(CommandLineTest, SaysWhyTheIndexCannotBeOpened)
 {
     offer("plain.ttf");
     writeFile(database(), "this is no database, but somebody's own file");
-    for (const char *command : {"index", "faces", "faces --json"}) {
-        const Result result = run(command);
-        EXPECT_EQ(result.status, 1) << command;
-        EXPECT_EQ(result.output, "") << command;
-        EXPECT_THAT(result.messages, HasSubstr("kerlune: Ouverture de l'index impossible : file is not a database"));
-        EXPECT_THAT(result.messages, HasSubstr("Il n’a pas été modifié"));
-    }
+    for (const char *command : {"index", "faces", "faces --json"})
+        expect({{command, 1, "kerlune: Ouverture de l'index impossible : file is not a database"},
+                {command, 1, "Il n’a pas été modifié"}});
     EXPECT_EQ(readFile(database()), "this is no database, but somebody's own file");
 
     setenv("XDG_DATA_HOME", database().c_str(), 1); // a file where the folder should be: nothing can be made there
-    const Result nowhere = run("index");
-    EXPECT_EQ(nowhere.status, 1);
-    EXPECT_THAT(nowhere.messages, HasSubstr("Ouverture de l'index impossible : unable to open database file"));
-    EXPECT_THAT(nowhere.messages, HasSubstr("que vous pouvez y écrire"));
+    expect({{"index", 1, "Ouverture de l'index impossible : unable to open database file"},
+            {"index", 1, "que vous pouvez y écrire"}});
 }
 
 TEST_F(CommandLineTest, DoesNotShowHalfOfADamagedIndex)
@@ -135,10 +116,7 @@ TEST_F(CommandLineTest, DoesNotShowHalfOfADamagedIndex)
     ASSERT_NE(row, std::string::npos);
     bytes.replace(row / 4096 * 4096, 64, std::string(64, '\xFF')); // the head of the page that holds the record
     writeFile(database(), bytes);
-    const Result result = run("faces --json");
-    EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.output, "");
-    EXPECT_THAT(result.messages, HasSubstr("L’index ne peut pas être lu"));
+    expect({{"faces --json", 1, "L’index ne peut pas être lu"}});
 }
 
 TEST_F(CommandLineTest, FailsWhenItsOutputIsLost)
@@ -152,16 +130,11 @@ TEST_F(CommandLineTest, FailsWhenItsOutputIsLost)
 
 TEST_F(CommandLineTest, RefusesWrongUsage)
 {
-    const std::pair<const char *, const char *> cases[]{{"", "Il manque une commande"},
-                                                        {"indexe", "« indexe »"},
-                                                        {"index --jsn", "« --jsn »"},
-                                                        {"faces extra", "« extra »"},
-                                                        {"index faces", "« faces »"}};
-    for (const auto &[arguments, message] : cases) {
-        const Result result = run(arguments);
-        EXPECT_EQ(result.status, 2) << arguments;
-        EXPECT_THAT(result.messages, HasSubstr(message)) << arguments;
-    }
+    expect({{"", 2, "Il manque une commande"},
+            {"indexe", 2, "« indexe »"},
+            {"index --jsn", 2, "« --jsn »"},
+            {"faces extra", 2, "« extra »"},
+            {"index faces", 2, "« faces »"}});
     EXPECT_FALSE(fs::exists(database()));
     EXPECT_EQ(run("--help").status, 0);
     EXPECT_THAT(run("index --help").output, HasSubstr("--json"));
@@ -170,9 +143,7 @@ TEST_F(CommandLineTest, RefusesWrongUsage)
 
 TEST_F(CommandLineTest, LeavesTheIndexWholeWhenKilledAtAnyMoment)
 {
-    for (const char *name : {"plain.ttf", "variable.ttf", "collection.ttc", "italic.ttf"})
-        offer(name);
-    ASSERT_EQ(run("index").status, 0);
+    offerAll({"plain.ttf", "variable.ttf", "collection.ttc", "italic.ttf"});
     const json before = faces();
     for (int moment = 0; moment < 40; ++moment) {
         const pid_t child = start({"index"});

@@ -2,20 +2,12 @@
 #include "FcList.h"
 #include "Platform/Linux/FontLinks.h"
 
-#include <gmock/gmock.h>
-
 #include <chrono>
 #include <csignal>
 #include <thread>
 
 namespace kerlune {
 namespace {
-
-namespace fs = std::filesystem;
-using nlohmann::json;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::SizeIs;
 
 class LibraryCommandsTest : public CommandLineTest {
 protected:
@@ -24,13 +16,6 @@ protected:
         setenv("FONTCONFIG_FILE", writeFontconfigFile(m_home, {fonts(), m_home / "data/fonts"}).c_str(), 1);
     }
 
-    std::string put(const std::string &name, const std::string &font = "plain.ttf") const
-    {
-        const fs::path path = m_home / name;
-        fs::create_directories(path.parent_path());
-        fs::copy_file(testFont(font), path);
-        return path;
-    }
     std::vector<std::string> linked() const { return FontLinks(m_home / "data/fonts/Kerlune").paths(); }
 };
 
@@ -69,26 +54,16 @@ TEST_F(LibraryCommandsTest, SaysWhatIsWrongWithAFolder)
     offer("plain.ttf");
     put("Polices/a.ttf");
     run("folders add " + inHome("Polices"));
-    fs::create_directories(m_home / "Polices/vide");
-    fs::create_directories(m_home / "vide");
-    const std::tuple<std::string, int, std::string> cases[]{
-        {"add " + inHome("Polices"), 1, "Ce dossier est déjà surveillé."},
-        {"add " + inHome("Polices/vide"), 1, "Ce dossier est déjà couvert par « Polices »."},
-        {"add " + inHome("vide"), 1, "Aucune police (OTF, TTF, TTC, DFONT) dans ce dossier."},
-        {"add " + inHome("absent"), 1, "n’est pas un dossier, ou n’existe pas"},
-        {"add /usr/share/fonts", 1, "Les dossiers de polices du système sont déjà gérés par macOS."},
-        {"remove nothing", 1, "Aucun dossier surveillé ne correspond à « nothing »."},
-        {"auto nothing on", 1, "Aucun dossier surveillé ne correspond"},
-        {"auto " + inHome("Polices") + " maybe", 2, "il faut « on » ou « off »"},
-        {"add", 2, "Nombre d’arguments incorrect"},
-        {"list extra", 2, "Nombre d’arguments incorrect"},
-        {"watch", 2, "Action inconnue : « watch »."},
-    };
-    for (const auto &[arguments, status, message] : cases) {
-        const Result result = run("folders " + arguments);
-        EXPECT_EQ(result.status, status) << arguments;
-        EXPECT_THAT(result.messages, HasSubstr(message)) << arguments;
-    }
+    expect({
+        {"folders add " + inHome("Polices"), 1, "Ce dossier est déjà surveillé."},
+        {"folders add " + inHome("absent"), 1, "n’est pas un dossier, ou n’existe pas"},
+        {"folders remove nothing", 1, "Aucun dossier surveillé ne correspond à « nothing »."},
+        {"folders auto nothing on", 1, "Aucun dossier surveillé ne correspond"},
+        {"folders auto " + inHome("Polices") + " maybe", 2, "il faut « on » ou « off »"},
+        {"folders add", 2, "Nombre d’arguments incorrect"},
+        {"folders list extra", 2, "Nombre d’arguments incorrect"},
+        {"folders watch", 2, "Action inconnue : « watch »."},
+    });
     fs::rename(m_home / "Polices", m_home / "Ailleurs");
     EXPECT_THAT(run("folders").output, HasSubstr("Polices — 0 police, introuvable"));
 
@@ -128,17 +103,12 @@ TEST_F(LibraryCommandsTest, ActivatesFilesFoldersAndFamilies)
     setenv("FONTCONFIG_FILE", writeFontconfigFile(m_home, {fonts()}).c_str(), 1); // without the links
     EXPECT_THAT(run("activate " + inHome("ailleurs")).messages, HasSubstr("les autres programmes ne les verront pas"));
 
-    const std::tuple<std::string, int, std::string> cases[]{
+    expect({
         {"activate", 2, "Donnez des chemins"},
         {"activate x --family y", 2, "Donnez des chemins"},
         {"activate --family 'Essai Plain'", 1, "tous les programmes voient déjà"},
         {"activate --family Personne", 1, "Aucune famille « Personne » dans l’index"},
-    };
-    for (const auto &[arguments, status, message] : cases) {
-        const Result result = run(arguments);
-        EXPECT_EQ(result.status, status) << arguments;
-        EXPECT_THAT(result.messages, HasSubstr(message)) << arguments;
-    }
+    });
 }
 
 // The file, the links and what other programs see, after processes were killed at any moment of their work.

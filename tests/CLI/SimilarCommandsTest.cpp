@@ -1,6 +1,5 @@
 #include "CommandLineFixture.h"
 
-#include <gmock/gmock.h>
 #include <sqlite3.h>
 
 #include <chrono>
@@ -10,12 +9,6 @@
 
 namespace kerlune {
 namespace {
-
-using nlohmann::json;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::SizeIs;
 
 class SimilarCommandsTest : public CommandLineTest {
 protected:
@@ -59,7 +52,7 @@ TEST_F(SimilarCommandsTest, PrintsTheNumbersOfAFingerprint)
         printed.push_back(std::stod(line));
     EXPECT_THAT(printed, testing::Pointwise(testing::DoubleNear(1e-7), numbers));
 
-    const std::tuple<const char *, int, const char *> failures[]{
+    expect({
         {"fingerprint", 2, "nom PostScript"},
         {"fingerprint EssaiAbsent", 1, "EssaiAbsent"},
         {"fingerprint EssaiEmpreinteTrois-Regular", 1, "n’a pas d’empreinte"},
@@ -67,13 +60,7 @@ TEST_F(SimilarCommandsTest, PrintsTheNumbersOfAFingerprint)
         {"similar EssaiAbsent", 1, "EssaiAbsent"},
         {"similar EssaiEmpreinteTrois-Regular", 1, "n’a pas d’empreinte"},
         {"similar EssaiEmpreinte-Regular --limit -1", 2, "--limit"},
-    };
-    for (const auto &[arguments, status, message] : failures) {
-        const Result result = run(arguments);
-        EXPECT_EQ(result.status, status) << arguments;
-        EXPECT_THAT(result.messages, HasSubstr(message)) << arguments;
-        EXPECT_THAT(result.output, IsEmpty()) << arguments;
-    }
+    });
 }
 
 TEST_F(SimilarCommandsTest, ListsLookAlikesBestFirst)
@@ -92,7 +79,7 @@ TEST_F(SimilarCommandsTest, ListsLookAlikesBestFirst)
     EXPECT_EQ(nothing.status, 0);
     EXPECT_THAT(nothing.messages, HasSubstr("Aucune correspondance trouvée."));
 
-    std::filesystem::remove(fonts() / "fingerprint-four.ttf");
+    fs::remove(fonts() / "fingerprint-four.ttf");
     EXPECT_THAT(similar("EssaiPlain-Regular"), IsEmpty());
     offer("i-sans.ttf");
     EXPECT_THAT(similar("EssaiPlain-Regular"), ElementsAre("Essai Alpha"));
@@ -100,10 +87,8 @@ TEST_F(SimilarCommandsTest, ListsLookAlikesBestFirst)
 
 TEST_F(SimilarCommandsTest, ComputesEachOnceWhateverEndsAProcess)
 {
-    for (const char *font : {"plain.ttf", "fingerprint-wide.ttf", "fingerprint-four.ttf", "i-sans.ttf", "i-slab.ttf",
-                             "i-serif.ttf", "variable.ttf", "family-9.ttf", "family-10.ttf"})
-        offer(font);
-    EXPECT_EQ(run("index").status, 0);
+    offerAll({"plain.ttf", "fingerprint-wide.ttf", "fingerprint-four.ttf", "i-sans.ttf", "i-slab.ttf", "i-serif.ttf",
+              "variable.ttf", "family-9.ttf", "family-10.ttf"});
     for (int delay = 5; delay <= 320; delay *= 2) { // milliseconds: before, while and after it writes
         const pid_t child = start({"similar", "EssaiPlain-Regular"});
         std::this_thread::sleep_for(std::chrono::milliseconds(delay));

@@ -4,17 +4,12 @@
 #include "Catalogs/SafeFileName.h"
 #include "Catalogs/StyleSheet.h"
 #include "Support/Text.h"
-
-#include <gmock/gmock.h>
+#include "Testing.h"
 
 // What comes from the service, on its way to addresses and file names.
 
 namespace kerlune {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::SizeIs;
 
 QString address(const std::optional<QUrl> &url)
 {

@@ -3,20 +3,14 @@
 #include "Catalogs/InstalledFamilies.h"
 #include "Events.h"
 #include "GoogleServer.h"
+#include "Testing.h"
 
 #include <QCoroTask>
-#include <gmock/gmock.h>
 
 namespace kerlune {
 namespace {
 
-namespace fs = std::filesystem;
-using namespace std::chrono_literals;
 using nlohmann::json;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::UnorderedElementsAre;
 using FilesCase = GoogleFontsCatalog::CatalogError::Case;
 
 class GoogleFamilyFilesTest : public testing::Test {
@@ -89,7 +83,7 @@ TEST_F(GoogleFamilyFilesTest, TakesTheStylesOfTheStyleSheetWhereNothingIsListed)
     m_server.setPlan({{"font", {{"A/1,400", {{"file", testFont("italic.ttf")}}}}}});
     const auto family = download("A", {"400", "400i"});
     ASSERT_TRUE(family) << family.error().description();
-    EXPECT_THAT(family->fonts, testing::SizeIs(2));
+    EXPECT_THAT(family->fonts, SizeIs(2));
     for (const std::string &font : family->fonts)
         EXPECT_EQ(fs::path(font).stem(), openFace(font)->postScriptName()); // named by what they are
     EXPECT_THAT(m_server.requests()[1], HasSubstr("/css2?family=A:ital,wght@0,400%3B1,400"));
@@ -125,7 +119,7 @@ TEST_F(GoogleFamilyFilesTest, InstallsAllOfAFamilyOrNothingAndFetchesNothingTwic
     EXPECT_EQ(m_server.requestsFor("/font/a0"), 1U);
     EXPECT_EQ(m_server.requestsFor("/font/a8"), 1 + steps.size());
     EXPECT_FALSE(fs::exists(m_root / ".partial/A"));
-    EXPECT_THAT(installedFamilies(m_root), testing::SizeIs(1));
+    EXPECT_THAT(installedFamilies(m_root), SizeIs(1));
 }
 
 TEST_F(GoogleFamilyFilesTest, SaysWhyThereIsNothing)
@@ -147,7 +141,7 @@ TEST_F(GoogleFamilyFilesTest, KeepsForeignNamesInsideTheRoot)
     }
     for (const char *name : {"../x", "..-x", "a-b"}) // two of them cannot have the folder that they would
         EXPECT_EQ(download(name)->wasThere, name == std::string("../x")) << name;
-    EXPECT_THAT(installedFamilies(m_root), testing::SizeIs(8));
+    EXPECT_THAT(installedFamilies(m_root), SizeIs(8));
     EXPECT_THAT(std::vector<fs::path>(fs::directory_iterator(m_home.path()), fs::directory_iterator()),
                 ElementsAre(m_root));
 }

@@ -1,8 +1,8 @@
 #include "Catalogs/GoogleFontsCatalog.h"
 
 #include "TempFolder.h"
+#include "Testing.h"
 
-#include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
 #include <limits>
@@ -11,9 +11,6 @@ namespace kerlune {
 namespace {
 
 using namespace GoogleFontsCatalog;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
 
 constexpr std::int64_t kLastRank = std::numeric_limits<std::int64_t>::max();
 
@@ -91,19 +88,6 @@ TEST(GoogleFontsCatalog, PassesOverNamelessFamiliesAndRefusesOtherForms)
     }
 }
 
-TEST(GoogleFontsCatalog, SaysInFrenchWhatIsWrong)
-{
-    using Case = CatalogError::Case;
-    EXPECT_EQ((CatalogError{.kind = Case::badResponse, .status = 503}.description()),
-              "Google Fonts a répondu par une erreur (503).");
-    EXPECT_EQ((CatalogError{.kind = Case::noFontFiles, .name = "Lora"}.description()),
-              "Google Fonts ne propose aucun fichier pour « Lora ».");
-    EXPECT_EQ((CatalogError{.kind = Case::invalidFont, .name = "a.ttf"}.description()),
-              "Le fichier « a.ttf » n'est pas une police valide.");
-    EXPECT_EQ((CatalogError{.kind = Case::unreadable}.description()),
-              "Le catalogue Google Fonts est illisible : son format a peut-être changé.");
-}
-
 TEST(GoogleFontsCatalog, KeepsTheCacheForSevenDaysAndAllOfItOrNothing)
 {
     const TempFolder home;
@@ -117,8 +101,7 @@ TEST(GoogleFontsCatalog, KeepsTheCacheForSevenDaysAndAllOfItOrNothing)
     writeFile(file, list.dump());
     EXPECT_THAT(readCachedCatalog(file), ElementsAre(family));
     const auto aged = [&](std::int64_t seconds) {
-        std::filesystem::last_write_time(file,
-                                         std::filesystem::file_time_type::clock::now() - std::chrono::seconds(seconds));
+        fs::last_write_time(file, fs::file_time_type::clock::now() - std::chrono::seconds(seconds));
         return isFresh(file);
     };
     EXPECT_TRUE(aged(0));
@@ -180,7 +163,7 @@ TEST(GoogleFontFamily, IsWrittenWithItsFieldsAsKeys)
         without.erase(key);
         EXPECT_EQ(decodeGoogleFamily(without).has_value(), key == "displayName") << key;
     }
-    EXPECT_THAT(encodeGoogleFamily({.family = "A"}).dump(), testing::Not(HasSubstr("displayName")));
+    EXPECT_THAT(encodeGoogleFamily({.family = "A"}).dump(), Not(HasSubstr("displayName")));
 }
 
 TEST(GoogleFontFamily, HasLabelsForCategories)

@@ -3,18 +3,14 @@
 #include "Catalogs/HttpsClient.h"
 #include "Events.h"
 #include "GoogleServer.h"
+#include "Testing.h"
 
 #include <QUrlQuery>
-#include <gmock/gmock.h>
 
 #include <algorithm>
 
 namespace kerlune {
 namespace {
-
-using namespace std::chrono_literals;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 class GooglePreviewStoreTest : public testing::Test {
 protected:
@@ -45,7 +41,7 @@ protected:
     TempFolder m_home;
     Directories m_directories{m_home.path(), m_home / "data", m_home / "data/Kerlune", m_home / "cache",
                               m_home / "config"};
-    std::filesystem::path m_folder = GoogleSubsets::cacheDirectory(m_directories);
+    fs::path m_folder = GoogleSubsets::cacheDirectory(m_directories);
     HttpsClient m_client;
     GoogleSubsets m_subsets{m_client,
                             GoogleAddresses::from(QString::fromStdString(m_server.url("/metadata/fonts")),
@@ -70,11 +66,11 @@ TEST_F(GooglePreviewStoreTest, AsksForTheSampleOnceAndKeepsTheFile)
     EXPECT_EQ(m_store->revision(), 1);
     restart();
     EXPECT_TRUE(request(family("A/B")));
-    EXPECT_THAT(m_server.requests(), testing::SizeIs(2)); // the file serves
+    EXPECT_THAT(m_server.requests(), SizeIs(2)); // the file serves
 
     EXPECT_TRUE(request({.family = "Plain", .displayName = "", .variants = {"400", "700"}}));
-    EXPECT_THAT(m_server.requests()[2], testing::StartsWith("/css2?family=Plain&text="));
-    EXPECT_THAT(m_server.requests()[2], testing::EndsWith("%94Plain")); // after the last of the alphabet
+    EXPECT_THAT(m_server.requests()[2], StartsWith("/css2?family=Plain&text="));
+    EXPECT_THAT(m_server.requests()[2], EndsWith("%94Plain")); // after the last of the alphabet
 }
 
 TEST_F(GooglePreviewStoreTest, TakesNothingThatIsNoWholeFontAndAsksOnce)
@@ -102,7 +98,7 @@ TEST_F(GooglePreviewStoreTest, TakesNothingThatIsNoWholeFontAndAsksOnce)
     for (const char *name : {"not UTF-8", "no address", "down", "sheet cut", "sheet slow", "sheet endless", "404",
                              "500", "201", "cut", "slow", "endless", "empty", "closed"}) {
         EXPECT_FALSE(request(family(name))) << name;
-        EXPECT_FALSE(std::filesystem::exists(m_folder / (std::string(name) + ".ttf"))) << name;
+        EXPECT_FALSE(fs::exists(m_folder / (std::string(name) + ".ttf"))) << name;
     }
     EXPECT_TRUE(request(family("moved")));
     EXPECT_TRUE(request(family("sheet 404 with address"))); // the status of a style sheet does not count
@@ -123,7 +119,7 @@ TEST_F(GooglePreviewStoreTest, NeverReplacesACachedFileThatIsNoFontButAnEmptyOne
     EXPECT_EQ(m_server.requestsFor("/font/html"), 1U);
 
     writeFile(m_folder / "empty.ttf", "");
-    std::filesystem::create_directories(m_folder / "folder.ttf");
+    fs::create_directories(m_folder / "folder.ttf");
     EXPECT_TRUE(request(family("empty")));
     EXPECT_EQ(cached("empty.ttf"), readFile(testFont("plain.ttf")));
     EXPECT_TRUE(request(family("folder"))); // what cannot be written down serves until the program ends
@@ -136,7 +132,7 @@ TEST_F(GooglePreviewStoreTest, KeepsForeignNamesInsideTheFolder)
                                     std::string(300, 'n'), std::string("/etc/passwd")})
         EXPECT_TRUE(request(family(name))) << name;
     std::vector<std::string> outside;
-    for (const auto &entry : std::filesystem::recursive_directory_iterator(m_home.path())) {
+    for (const auto &entry : fs::recursive_directory_iterator(m_home.path())) {
         if (entry.is_regular_file() && entry.path().parent_path() != m_folder)
             outside.push_back(entry.path());
     }
@@ -187,7 +183,7 @@ TEST_F(GooglePreviewStoreTest, ClearsTheFolderOfAnEarlierDesign)
 {
     writeFile(m_home / "cache/GooglePreviews/A.ttf", "x");
     restart();
-    EXPECT_FALSE(std::filesystem::exists(m_home / "cache/GooglePreviews"));
+    EXPECT_FALSE(fs::exists(m_home / "cache/GooglePreviews"));
 }
 
 } // namespace

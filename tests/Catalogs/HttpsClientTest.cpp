@@ -2,14 +2,13 @@
 
 #include "Events.h"
 #include "GoogleServer.h"
+#include "Testing.h"
 
 #include <QCoroFuture>
-#include <gmock/gmock.h>
 
 namespace kerlune {
 namespace {
 
-using namespace std::chrono_literals;
 using HttpCase = HttpsClient::Error::Case;
 
 constexpr HttpsClient::Limits kLimits{.mostBytes = 1 << 20, .silence = 10s, .whole = 10s};

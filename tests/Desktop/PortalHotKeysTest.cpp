@@ -4,19 +4,15 @@
 #include "MacKeyCodes.h"
 #include "MessageBus.h"
 #include "ShortcutsPortal.h"
+#include "Testing.h"
 
 #include <QDBusConnectionInterface>
 #include <QDBusPendingCallWatcher>
 #include <QDBusReply>
-#include <gmock/gmock.h>
 
 namespace kerlune {
 namespace {
 
-using testing::Contains;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
 using Answers = ShortcutsPortal::Answers;
 using Agreement = ShortcutsPortal::Agreement;
 using Failure = HotKeys::Failure;

@@ -2,10 +2,9 @@
 
 #include "Events.h"
 #include "Platform/Linux/LinuxFrontApplication.h"
+#include "Testing.h"
 #include "XClient.h"
 #include "XServer.h"
-
-#include <gmock/gmock.h>
 
 #include <ostream>
 
@@ -19,8 +18,6 @@ void PrintTo(const FrontApplication::Program &program, std::ostream *out)
 namespace {
 
 using namespace std::string_view_literals;
-using testing::ElementsAre;
-using testing::IsEmpty;
 using Program = FrontApplication::Program;
 
 constexpr auto kEditorNames = "photo editor\0PhotoEditor\0"sv;

@@ -2,10 +2,9 @@
 
 #include "Events.h"
 #include "MacKeyCodes.h"
+#include "Testing.h"
 #include "XClient.h"
 #include "XServer.h"
-
-#include <gmock/gmock.h>
 
 #include <csignal>
 
@@ -13,8 +12,6 @@ namespace kerlune {
 namespace {
 
 using namespace std::string_view_literals;
-using testing::ElementsAre;
-using testing::IsEmpty;
 using enum XClient::Key;
 using Failure = HotKeys::Failure;
 using Chord = std::vector<std::uint32_t>;

@@ -30,8 +30,6 @@ public:
         qputenv("DISPLAY", ":" + m_process.address());
     }
     ~XServer() { qunsetenv("DISPLAY"); }
-    XServer(const XServer &) = delete;
-    XServer &operator=(const XServer &) = delete;
 
     // Its display may be another server's next, so that DISPLAY names one that nobody has.
     void end()

@@ -1,15 +1,12 @@
 #include "Export/CssText.h"
 
-#include <gmock/gmock.h>
+#include "Testing.h"
 
 #include <array>
 #include <limits>
 
 namespace kerlune {
 namespace {
-
-using testing::HasSubstr;
-using testing::Not;
 
 TEST(CssText, QuotesAnyName)
 {

@@ -6,10 +6,10 @@
 #include "Platform/FontCatalog.h"
 #include "TempFolder.h"
 #include "TestFonts.h"
+#include "Testing.h"
 
 #include <QCoreApplication>
 #include <QCoroTask>
-#include <gmock/gmock.h>
 #include <sqlite3.h>
 
 #include <algorithm>
@@ -19,10 +19,6 @@
 
 namespace kerlune {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Pair;
 
 using Fingerprint::Vector;
 
@@ -113,7 +109,7 @@ TEST_F(FingerprintIndexTest, ListsTheBestFaceOfEachOtherFamilyByScore)
     EXPECT_THAT(similar("R", 1), ElementsAre(Pair("B2", 98)));
     EXPECT_THAT(similar("R", 0), IsEmpty());
     EXPECT_THAT(similar("None"), IsEmpty());
-    EXPECT_THAT(similar("Old"), testing::SizeIs(3)); // all with 0
+    EXPECT_THAT(similar("Old"), SizeIs(3)); // all with 0
 
     m_records.erase(m_records.begin()); // a reference that is no candidate: its family is not known then
     EXPECT_THAT(similar("R"), ElementsAre(Pair("RBold", 100), Pair("B2", 98), Pair("C", 87), Pair("Old", 0)));
@@ -237,7 +233,7 @@ TEST_F(FingerprintIndexTest, ComputesWhatIsStoredWrongAgain)
     EXPECT_FALSE(index.vectors().contains(record->postScriptName));
     QCoro::waitFor(index.build({record}));
     EXPECT_TRUE(index.vectors().contains(record->postScriptName));
-    EXPECT_THAT(m_store->loadFingerprints().at(record->postScriptName), testing::SizeIs(Fingerprint::kLength));
+    EXPECT_THAT(m_store->loadFingerprints().at(record->postScriptName), SizeIs(Fingerprint::kLength));
 }
 
 TEST_F(FingerprintIndexTest, BuildsOnceAtATime)
@@ -281,7 +277,7 @@ TEST_F(FingerprintIndexTest, ReportsEveryHundredthFaceThatHasOne)
                             {});
         return reported;
     };
-    EXPECT_THAT(compute("fingerprint-four.ttf", 250), testing::UnorderedElementsAre(100, 200));
+    EXPECT_THAT(compute("fingerprint-four.ttf", 250), UnorderedElementsAre(100, 200));
     EXPECT_THAT(compute("fingerprint-three.ttf", 100), IsEmpty());
 }
 

@@ -4,8 +4,7 @@
 #include "Platform/Font.h"
 #include "Platform/FontCatalog.h"
 #include "TestFonts.h"
-
-#include <gmock/gmock.h>
+#include "Testing.h"
 
 #include <cmath>
 #include <numeric>
@@ -15,9 +14,7 @@ namespace {
 
 using Fingerprint::Vector;
 using testing::Each;
-using testing::ElementsAre;
 using testing::FloatNear;
-using testing::SizeIs;
 
 std::unique_ptr<Font> fontOf(const std::string &name)
 {

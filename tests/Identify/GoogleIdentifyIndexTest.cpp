@@ -4,15 +4,13 @@
 #include "Events.h"
 #include "GoogleServer.h"
 #include "Identify/Fingerprint.h"
+#include "Testing.h"
 
 #include <QCoroTask>
-#include <gmock/gmock.h>
 
 namespace kerlune {
 namespace {
 
-using namespace std::chrono_literals;
-using testing::ElementsAre;
 using testing::Key;
 
 constexpr const char *kNothingCame = "Aucune police n'a pu être téléchargée. Vérifiez votre connexion.";
@@ -55,7 +53,6 @@ TEST_F(GoogleIdentifyIndexTest, FetchesInBatchesOfSixAndTellsHowFarItIs)
     auto second = m_index.build(families(20)); // is passed over
     EXPECT_TRUE(second.isReady());
     QCoro::waitFor(std::move(first));
-    using testing::Pair;
     EXPECT_THAT(seen, ElementsAre(Pair(6.0 / 13, 6), Pair(12.0 / 13, 12), Pair(1.0, 13)));
     EXPECT_FALSE(m_index.isBuilding());
     EXPECT_EQ(m_index.readyCount(), 12U);
@@ -67,16 +64,6 @@ TEST_F(GoogleIdentifyIndexTest, FetchesInBatchesOfSixAndTellsHowFarItIs)
     build(families(13)); // only the one that failed
     EXPECT_EQ(m_index.readyCount(), 13U);
     EXPECT_EQ(m_server.requestsFor("/font/"), 14U);
-}
-
-TEST_F(GoogleIdentifyIndexTest, LeadsToFontsThatCanBeDrawnAndMeasured)
-{
-    m_server.setPlan({{"fontFile", systemFont("truetype/dejavu/DejaVuSans.ttf")}});
-    build(families(1));
-    ASSERT_EQ(m_index.readyCount(), 1U);
-    const auto font = m_index.descriptors().at("F0");
-    EXPECT_EQ(font->postScriptName, "DejaVuSans");
-    EXPECT_TRUE(Fingerprint::compute(openFace(font->filePath)));
 }
 
 TEST_F(GoogleIdentifyIndexTest, LivesOnWhatIsCachedWhenTheNetworkIsOff)

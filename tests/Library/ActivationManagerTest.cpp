@@ -8,11 +8,6 @@
 namespace kerlune {
 namespace {
 
-namespace fs = std::filesystem;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::SizeIs;
-
 class ActivationManagerTest : public LibraryHome {
 protected:
     bool activate(std::vector<std::string> paths) { return QCoro::waitFor(m_manager.activate(std::move(paths))); }
@@ -145,9 +140,9 @@ TEST_F(ActivationManagerTest, ChangesNothingWhileAnotherProcessHoldsTheList)
     const std::string b = put("library/b.ttf");
     activate({a});
     const auto file = StateFile::open(stateFile("activation.json"));
-    ActivationManager hasty(m_registry, m_directories, std::chrono::milliseconds(30));
+    ActivationManager hasty(m_registry, m_directories, 30ms);
     EXPECT_FALSE(QCoro::waitFor(hasty.activate({b})));
-    EXPECT_THAT(*hasty.lastError(), testing::HasSubstr("tenu par un autre programme"));
+    EXPECT_THAT(*hasty.lastError(), HasSubstr("tenu par un autre programme"));
     EXPECT_THAT(linked(), ElementsAre(a));
     EXPECT_THAT(hasty.activePaths(), ElementsAre(a));
     file->close();
@@ -168,7 +163,7 @@ TEST_F(ActivationManagerTest, SaysWhenItCannotWriteDownWhatIsActive)
     EXPECT_TRUE(activate({a}));
     EXPECT_THAT(m_manager.activePaths(), ElementsAre(a));
     ASSERT_TRUE(m_manager.saveError());
-    EXPECT_THAT(*m_manager.saveError(), testing::HasSubstr("activation.json » impossible"));
+    EXPECT_THAT(*m_manager.saveError(), HasSubstr("activation.json » impossible"));
 }
 
 } // namespace

@@ -5,8 +5,8 @@
 #include "Support/Sha256.h"
 #include "TempFolder.h"
 #include "TestFonts.h"
+#include "Testing.h"
 
-#include <gmock/gmock.h>
 #include <sys/stat.h>
 
 #include <atomic>
@@ -16,14 +16,10 @@
 namespace kerlune {
 namespace {
 
-namespace fs = std::filesystem;
 using Entry = DuplicateScanner::FileEntry;
 using Group = DuplicateScanner::Group;
 using Kind = Group::Kind;
 using Report = DuplicateScanner::Report;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::UnorderedElementsAre;
 
 Report scan(const std::vector<fs::path> &places)
 {
@@ -206,23 +202,6 @@ TEST_F(DuplicateScannerTest, TellsHowFarItIsOneCallAtATime)
     for (int i = 1; i <= 300; ++i)
         expected.push_back("Empreintes " + std::to_string(i) + " / 300");
     EXPECT_EQ(statuses, expected);
-}
-
-TEST_F(DuplicateScannerTest, SearchesTheFolderOfEachKindThatExists)
-{
-    const Directories directories{m_folder.path(), m_folder / "data", m_folder / "data/Kerlune", m_folder / "cache",
-                                  m_folder / "config"};
-    std::vector<fs::path> shared{sharedFontsFolder()};
-    std::erase_if(shared, [](const fs::path &folder) { return !fs::is_directory(folder); });
-    EXPECT_EQ(DuplicateScanner::searchPaths(directories), shared);
-
-    for (const char *name : {"fonts", "Kerlune/Library", "Kerlune/Google Fonts"})
-        fs::create_directories(directories.userLibrary / name);
-    std::vector<fs::path> all = shared;
-    all.insert(all.begin(), directories.userLibrary / "fonts");
-    all.push_back(directories.userLibrary / "Kerlune/Library");
-    all.push_back(directories.userLibrary / "Kerlune/Google Fonts");
-    EXPECT_EQ(DuplicateScanner::searchPaths(directories), all);
 }
 
 Entry font(const std::string &path, const std::string &family, const std::string &style,

@@ -14,12 +14,7 @@
 namespace kerlune {
 namespace {
 
-namespace fs = std::filesystem;
-using namespace std::chrono_literals;
 using Case = FolderLibrary::AddError::Case;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::SizeIs;
 
 class FolderLibraryTest : public LibraryHome {
 protected:
@@ -275,7 +270,7 @@ TEST_F(FolderLibraryTest, KeepsTheFilesOfAFolderThatVanishesAndFollowsItWhenItRe
 
 TEST_F(FolderLibraryTest, SharesItsListWithOtherProcesses)
 {
-    for (const char *name : {"A/a.ttf", "B/b.ttf", "C/c.ttf"})
+    for (const char *name : {"A/a.ttf", "B/b.ttf", "C/c.ttf", "D/d.ttf"})
         put(name);
     add(m_home / "A");
     InotifyEventStream stream({.latency = 5ms});
@@ -292,26 +287,14 @@ TEST_F(FolderLibraryTest, SharesItsListWithOtherProcesses)
     QCoro::waitFor(other.rescanAll());
     EXPECT_EQ(paths(other), paths(m_library));
     EXPECT_THAT(processFonts->paths(), ElementsAre(m_home / "B/b.ttf", m_home / "C/c.ttf"));
-}
 
-TEST_F(FolderLibraryTest, ForgetsAFolderThatAnotherProcessRemoved)
-{
-    put("A/a.ttf");
-    const std::string b = put("B/b.ttf");
-    const std::string c = put("C/c.ttf");
-    add(m_home / "A");
-    add(m_home / "B");
-    const std::string id = idOf("A");
-    InotifyEventStream stream({.latency = 5ms});
-    LinuxFontRegistry registry(std::make_shared<ProcessFonts>(), activationLinksFolder(m_directories));
-    FolderLibrary other(m_activation, registry, stream, m_directories);
-    QCoro::waitFor(other.rescanAll());
+    const std::string id = idOf("B");
     QCoro::waitFor(other.remove(id));
     QCoro::waitFor(m_library.setAutoActivate(id, true)); // which is no longer there
     EXPECT_THAT(linked(), IsEmpty());
-    add(m_home / "C");
+    add(m_home / "D");
     EXPECT_THAT(m_library.files(), SizeIs(2));
-    EXPECT_THAT(m_processFonts->paths(), ElementsAre(b, c));
+    EXPECT_THAT(m_processFonts->paths(), ElementsAre(m_home / "C/c.ttf", m_home / "D/d.ttf"));
 }
 
 TEST_F(FolderLibraryTest, TellsOfAChangeWhenItIsDone)

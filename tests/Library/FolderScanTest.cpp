@@ -1,16 +1,13 @@
 #include "Library/FolderScan.h"
 
 #include "TempFolder.h"
+#include "Testing.h"
 
-#include <gmock/gmock.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace kerlune {
 namespace {
-
-namespace fs = std::filesystem;
-using testing::IsEmpty;
 
 std::vector<std::string> below(const TempFolder &folder, std::initializer_list<const char *> names)
 {

@@ -4,8 +4,7 @@
 #include "Model/ScriptCoverage.h"
 #include "Platform/Font.h"
 #include "TestFonts.h"
-
-#include <gmock/gmock.h>
+#include "Testing.h"
 
 namespace kerlune {
 namespace {

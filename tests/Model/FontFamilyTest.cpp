@@ -1,11 +1,9 @@
 #include "Model/FontFamily.h"
 
-#include <gmock/gmock.h>
+#include "Testing.h"
 
 namespace kerlune {
 namespace {
-
-using testing::ElementsAre;
 
 struct FaceTraits {
     const char *name = "";

@@ -2,19 +2,15 @@
 
 #include "FixedCatalog.h"
 #include "Model/FontTraits.h"
+#include "Model/SFNTReader.h"
 #include "TestFonts.h"
-
-#include <gmock/gmock.h>
+#include "Testing.h"
 
 #include <algorithm>
 #include <mutex>
 
 namespace kerlune {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Optional;
 
 FontRecord extract(const std::string &name, std::uint32_t faceIndex = 0, std::uint32_t instanceIndex = 0)
 {
@@ -31,7 +27,7 @@ TEST(FontIndexer, ReadsEveryFieldOfAFace)
     EXPECT_EQ(record.style, "Regular");
     EXPECT_EQ(record.filePath, testFont("plain.ttf"));
     EXPECT_GT(record.mtime, 1.6e9);
-    EXPECT_EQ(record.fileSize, std::filesystem::file_size(testFont("plain.ttf")));
+    EXPECT_EQ(record.fileSize, fs::file_size(testFont("plain.ttf")));
     EXPECT_EQ(record.weight, 0);
     EXPECT_EQ(record.width, 0);
     EXPECT_EQ(record.slant, 0);
@@ -54,6 +50,8 @@ TEST(FontIndexer, ReadsStyleFromTheTablesThatAreThere)
     const FontRecord bare = extract("no-os2.ttf"); // head.macStyle and the drawn x and H speak
     EXPECT_EQ(bare.symbolicTraits & 3, FontTraits::kItalic | FontTraits::kBold);
     EXPECT_TRUE(bare.isItalic);
+    EXPECT_EQ(bare.weight, 0);
+    EXPECT_EQ(bare.fsType, 0);
     EXPECT_DOUBLE_EQ(bare.xHeightRatio, 0.48);
     EXPECT_DOUBLE_EQ(bare.capHeightRatio, 0.72);
 
@@ -69,6 +67,30 @@ TEST(FontIndexer, ReadsStyleFromTheTablesThatAreThere)
     EXPECT_FALSE(extract("backslanted.ttf").isItalic);
     EXPECT_DOUBLE_EQ(extract("backslanted.ttf").slant, -0.3);
     EXPECT_EQ(extract("family-class-08.ttf").symbolicTraits >> 28, 8U);
+}
+
+TEST(SFNTReader, KeepsToTheBounds)
+{
+    std::vector<std::uint8_t> table(36);
+    table[4] = 0x03; // weight class 1000
+    table[5] = 0xE8;
+    table[7] = 9; // width class 9
+    table[9] = 2; // fsType
+    table[35] = 9;
+    auto info = SFNTReader::readOS2(table);
+    EXPECT_EQ(info.weightClass, 1000);
+    EXPECT_EQ(info.widthClass, 9);
+    EXPECT_TRUE(info.panoseMonospaced);
+
+    table[5] = 0xE9;
+    table[7] = 0;
+    info = SFNTReader::readOS2(table);
+    EXPECT_EQ(info.weightClass, 400);
+    EXPECT_EQ(info.widthClass, 5);
+
+    EXPECT_FALSE(SFNTReader::readOS2(ByteView(table).first(35)).panoseMonospaced);
+    EXPECT_EQ(SFNTReader::readOS2(ByteView(table).first(10)).fsType, 2);
+    EXPECT_EQ(SFNTReader::readOS2(ByteView(table).first(9)).fsType, 0);
 }
 
 TEST(FontIndexer, SeesPitchAndColour)
@@ -125,14 +147,6 @@ TEST(FontIndexer, SaysWhyAFaceHasNoRecord)
         ASSERT_FALSE(record) << name;
         EXPECT_EQ(record.error(), reason) << name;
     }
-}
-
-TEST(FontIndexer, BuildsNothingWithoutFontsAndReportsNothing)
-{
-    int reports = 0;
-    const FixedCatalog empty;
-    EXPECT_THAT(FontIndexer(empty).buildIndex([&](const auto &) { ++reports; }).records, IsEmpty());
-    EXPECT_EQ(reports, 0);
 }
 
 TEST(FontIndexer, ReportsEvery128FacesAndTheLast)

@@ -1,6 +1,7 @@
 #include "Model/FontRecord.h"
 
-#include <gmock/gmock.h>
+#include "Testing.h"
+
 #include <nlohmann/json.hpp>
 
 namespace kerlune {

@@ -3,8 +3,7 @@
 #include "FixedCatalog.h"
 #include "Platform/Font.h"
 #include "TestFonts.h"
-
-#include <gmock/gmock.h>
+#include "Testing.h"
 
 namespace kerlune {
 namespace {

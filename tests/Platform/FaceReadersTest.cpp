@@ -5,8 +5,7 @@
 #include "Platform/UnicodeBlocks.h"
 #include "TempFolder.h"
 #include "TestFonts.h"
-
-#include <gmock/gmock.h>
+#include "Testing.h"
 
 #include <array>
 #include <fstream>
@@ -15,11 +14,7 @@ namespace kerlune {
 namespace {
 
 using testing::AllOf;
-using testing::ElementsAre;
 using testing::Field;
-using testing::IsEmpty;
-using testing::Optional;
-using testing::SizeIs;
 
 std::string text(const std::vector<CharacterMap::Entry> &entries)
 {
@@ -42,8 +37,11 @@ TEST(FaceContents, ListsEveryCharacterInOrder)
 // What the list says is what a look-up says, in fonts with every kind of range.
 TEST(FaceContents, ListsWhatLookUpsFind)
 {
-    for (const std::string &path : {systemFont("truetype/wqy/wqy-zenhei.ttc"),
-                                    systemFont("truetype/dejavu/DejaVuSans.ttf"), testFont("cmap-overlap.ttf")}) {
+    const std::string chinese = systemFont("truetype/wqy/wqy-zenhei.ttc");
+    for (const std::string &path :
+         {chinese, systemFont("truetype/dejavu/DejaVuSans.ttf"), systemFont("truetype/noto/NotoColorEmoji.ttf"),
+          testFont("plain.ttf"), testFont("cmap-0.ttf"), testFont("cmap-12.ttf"), testFont("cmap-unsorted.ttf"),
+          testFont("cmap-overlap.ttf"), testFont("cmap-glyph0.ttf"), testFont("cmap-symbol.ttf")}) {
         const CharacterMap map = openFace(path)->characterMap();
         std::vector<CharacterMap::Entry> expected;
         for (char32_t character = 0; character < 0x110000; ++character) {
@@ -53,6 +51,8 @@ TEST(FaceContents, ListsWhatLookUpsFind)
         }
         EXPECT_EQ(map.entries(), expected) << path;
     }
+    for (const char32_t character : std::u32string_view(U"的一是不了Aé"))
+        EXPECT_TRUE(openFace(chinese)->characterMap().contains(character)) << static_cast<std::uint32_t>(character);
 }
 
 TEST(FaceContents, MeasuresGlyphs)

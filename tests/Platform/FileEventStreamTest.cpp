@@ -1,11 +1,11 @@
 #include "Events.h"
 #include "Platform/Linux/InotifyEventStream.h"
 #include "TempFolder.h"
+#include "Testing.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <fcntl.h>
-#include <gmock/gmock.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -15,9 +15,6 @@
 
 namespace kerlune {
 namespace {
-
-namespace fs = std::filesystem;
-using namespace std::chrono_literals;
 
 const std::atomic<bool> kNeverStopping = false;
 
@@ -30,6 +27,13 @@ protected:
             fs::create_directories(root() / name);
     }
     static bool sawChange(InotifyTree &tree) { return tree.readEvents().changed; }
+    static bool readAll(InotifyTree &tree) // whether anything was seen
+    {
+        bool changed = false;
+        while (sawChange(tree))
+            changed = true;
+        return changed;
+    }
 
     TempFolder m_home;
 };
@@ -85,10 +89,7 @@ TEST_F(InotifyTreeTest, KeepsUpWithFoldersThatComeMoveAndGo)
     };
     for (const Step &step : steps) {
         step.change();
-        bool changed = false;
-        while (sawChange(tree))
-            changed = true;
-        EXPECT_TRUE(changed) << step.what;
+        EXPECT_TRUE(readAll(tree)) << step.what;
         EXPECT_EQ(tree.watchCount(), step.folders) << step.what;
     }
     writeFile(m_home / "outside-now", "");
@@ -123,8 +124,7 @@ TEST_F(InotifyTreeTest, LosesNoFolderThatMovesJustBeforeItIsLookedAt)
         InotifyTree tree(InotifyTree::Links::Leave, kNeverStopping);
         tree.follow({{root()}});
         change(tree);
-        while (sawChange(tree)) {
-        }
+        readAll(tree);
         EXPECT_EQ(tree.watchCount(), 5U) << what;
     }
 }
@@ -163,8 +163,7 @@ TEST_F(InotifyTreeTest, FollowsEveryFolderAfterAStorm)
         while (!isOver)
             tree.readEvents();
         storm.join();
-        while (sawChange(tree)) {
-        }
+        readAll(tree);
         std::size_t folders = 1;
         for (const auto &entry : fs::recursive_directory_iterator(root()))
             folders += entry.is_directory() ? 1 : 0;
@@ -186,8 +185,7 @@ TEST_F(InotifyTreeTest, FollowsAFolderOnceItMayBeRead)
     EXPECT_TRUE(tree.isComplete());
     ASSERT_EQ(seteuid(self), 0);
     fs::permissions(root() / "closed", fs::perms::all);
-    while (sawChange(tree)) {
-    }
+    readAll(tree);
     EXPECT_EQ(tree.watchCount(), 3U);
 }
 
@@ -223,8 +221,7 @@ TEST_F(InotifyTreeTest, NoticesRootsThatComeGoOrAreReplaced)
 
     fs::remove_all(inner);
     makeFolders({"a"}); // often with the same inode number
-    while (sawChange(tree)) {
-    }
+    readAll(tree);
     EXPECT_TRUE(tree.checkRoots());
     EXPECT_EQ(tree.watchCount(), 1U);
     EXPECT_FALSE(tree.checkRoots());
@@ -268,8 +265,7 @@ TEST_F(InotifyTreeTest, SaysWhenThereAreMoreFoldersThanWatches)
     EXPECT_EQ(tree.watchCount(), 3U);
     fs::remove_all(root() / "a");
     fs::remove_all(root() / "b");
-    while (sawChange(tree)) {
-    }
+    readAll(tree);
     tree.walkAgain();
     EXPECT_TRUE(tree.isComplete());
 }
@@ -357,7 +353,7 @@ TEST_F(FileEventStreamTest, ReportsFromTimeToTimeWhatItCannotFollow)
     EXPECT_TRUE(waitUntil([&] { return m_changes >= 3; }));
     stream.stop();
     const std::string log = testing::internal::GetCapturedStderr();
-    EXPECT_THAT(log, testing::HasSubstr("max_user_watches"));
+    EXPECT_THAT(log, HasSubstr("max_user_watches"));
     EXPECT_EQ(log.find("max_user_watches"), log.rfind("max_user_watches")); // once
 }
 

@@ -9,19 +9,15 @@
 #include "Platform/Linux/ProcessFonts.h"
 #include "TempFolder.h"
 #include "TestFonts.h"
+#include "Testing.h"
 
 #include <QCoreApplication>
-#include <gmock/gmock.h>
 
 #include <chrono>
 #include <vector>
 
 namespace kerlune {
 namespace {
-
-namespace fs = std::filesystem;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 class FontCatalogTest : public testing::Test {
 protected:
@@ -89,13 +85,6 @@ TEST_F(FontCatalogTest, ResolvesLinksAndRemovesDuplicateNames)
     EXPECT_EQ(m_catalog.findFont("Nobody"), std::nullopt);
 }
 
-TEST_F(FontCatalogTest, LeavesOutWhatCouldNotBeIndexed)
-{
-    for (const char *name : {"plain.ttf", "names-hidden.ttf", "names-no-postscript.ttf"})
-        offer(name, name);
-    EXPECT_THAT(names(), ElementsAre("EssaiPlain-Regular"));
-}
-
 // fontconfig says nothing of the files that it leaves out; a user would look for them.
 TEST_F(FontCatalogTest, NamesTheFilesThatFontconfigDoesNotOffer)
 {
@@ -117,12 +106,7 @@ TEST_F(FontCatalogTest, NamesTheFilesThatFontconfigDoesNotOffer)
                   "</cachedir><selectfont><rejectfont><glob>*/a.ttf</glob></rejectfont></selectfont></fontconfig>");
     EXPECT_THAT(m_catalog.availableFonts(Duplicates::Remove).fonts, IsEmpty());
     EXPECT_THAT(m_catalog.availableFonts(Duplicates::Remove).skipped,
-                testing::Contains(SkippedFont{fonts() / "a.ttf", FontError::RefusedBySystem}));
-}
-
-TEST_F(FontCatalogTest, IsEmptyWithoutFonts)
-{
-    EXPECT_THAT(names(), IsEmpty());
+                Contains(SkippedFont{fonts() / "a.ttf", FontError::RefusedBySystem}));
 }
 
 // What a start-up must not do is read fonts that have not changed.
@@ -145,7 +129,7 @@ TEST_F(FontCatalogTest, ReadsAFileAgainOnlyWhenItsTimeOrSizeChanged)
     fs::last_write_time(path, time + std::chrono::nanoseconds(1'000'000));
     EXPECT_THAT(next.availableFonts(Duplicates::Keep).fonts, IsEmpty());
     EXPECT_THAT(next.availableFonts(Duplicates::Keep).skipped,
-                testing::ElementsAre(SkippedFont{fs::canonical(path), FontError::UnknownFormat}));
+                ElementsAre(SkippedFont{fs::canonical(path), FontError::UnknownFormat}));
 }
 
 // A face that takes too long is found out when it is indexed; it must not be offered again at every start.

@@ -4,15 +4,12 @@
 #include "Platform/FontMetrics.h"
 #include "TempFolder.h"
 #include "TestFonts.h"
+#include "Testing.h"
 
-#include <gmock/gmock.h>
 #include <sys/stat.h>
 
 namespace kerlune {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 std::vector<std::string> namesIn(const std::string &path)
 {
@@ -99,7 +96,7 @@ TEST(FontFile, SurvivesTruncationWhileItIsOpen)
     writeFile(folder / "font.ttf", readFile(systemFont("truetype/dejavu/DejaVuSans.ttf")));
     const auto face = openFace(folder / "font.ttf");
     EXPECT_TRUE(face->characterMap().contains(U'A'));
-    std::filesystem::resize_file(folder / "font.ttf", 2000);
+    fs::resize_file(folder / "font.ttf", 2000);
     EXPECT_FALSE(face->characterMap().contains(U'A'));
     EXPECT_EQ(readMetrics(face).xHeight, 0);
 }

@@ -4,8 +4,8 @@
 #include "FontconfigFile.h"
 #include "TempFolder.h"
 #include "TestFonts.h"
+#include "Testing.h"
 
-#include <gmock/gmock.h>
 #include <sys/stat.h>
 
 #include <array>
@@ -13,10 +13,6 @@
 namespace kerlune {
 namespace {
 
-namespace fs = std::filesystem;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::SizeIs;
 using Reason = RegistrationError::Reason;
 
 class FontLinksTest : public testing::Test {

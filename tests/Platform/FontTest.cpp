@@ -1,8 +1,7 @@
 #include "Platform/Font.h"
 
 #include "TestFonts.h"
-
-#include <gmock/gmock.h>
+#include "Testing.h"
 
 namespace kerlune {
 namespace {
@@ -50,14 +49,6 @@ TEST(Font, CoversHalfOfAPixelByHalf)
     EXPECT_NEAR(image->row(50)[20], 128, 1);
     EXPECT_NEAR(image->row(50)[30], 128, 1);
     EXPECT_NEAR(image->row(19)[25], 64, 1);
-}
-
-TEST(Font, FollowsTheDesignSpace)
-{
-    const auto instances = openFace(testFont("variable.ttf"))->otherInstances();
-    const auto regular = openFont(testFont("variable.ttf"), 100);
-    const auto bold = openFont(testFont("variable.ttf"), 100, instances[0].index);
-    EXPECT_GT(bold->boundingBox(bold->glyph(U'I'))->width, regular->boundingBox(regular->glyph(U'I'))->width + 1);
 }
 
 TEST(Font, ClipsWhatLeavesTheImage)

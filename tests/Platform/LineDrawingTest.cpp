@@ -1,8 +1,7 @@
 #include "Platform/LineDrawing.h"
 
 #include "TestFonts.h"
-
-#include <gmock/gmock.h>
+#include "Testing.h"
 
 #include <cmath>
 #include <numeric>

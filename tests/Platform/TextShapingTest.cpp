@@ -1,16 +1,12 @@
 #include "Platform/TextShaping.h"
 
 #include "TestFonts.h"
-
-#include <gmock/gmock.h>
+#include "Testing.h"
 
 #include <cmath>
 
 namespace kerlune {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 const char *const kSans = "truetype/dejavu/DejaVuSans.ttf"; // Latin, Hebrew, Arabic
 

@@ -1,10 +1,6 @@
 #include "State/AppState.h"
 
-#include "LibraryHome.h"
-#include "Platform/Linux/FontconfigCatalog.h"
-#include "Platform/Linux/InotifyEventStream.h"
-#include "Platform/Linux/NoFrontApplication.h"
-#include "Platform/Linux/NoScriptEngine.h"
+#include "LibraryProgram.h"
 
 #include <sys/stat.h>
 
@@ -13,37 +9,13 @@
 namespace kerlune {
 namespace {
 
-namespace fs = std::filesystem;
-using namespace std::chrono_literals;
-using testing::Contains;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Pair;
-using testing::SizeIs;
-using testing::UnorderedElementsAre;
 using Kind = SidebarSelection::Kind;
-
-constexpr AppState::Delays kQuick{.registryRefresh = 20ms,
-                                  .folderRescan = 20ms,
-                                  .notice = 1h,
-                                  .errorNotice = 1h,
-                                  .applied = 1h,
-                                  .notApplied = 1h,
-                                  .foreignChanges = 1h};
 
 class AppStateTest : public LibraryHome {
 protected:
-    // A library as a program has it open; several may be at a time.
-    struct Program {
-        Program(const AppStateTest &test, const AppState::Delays &delays)
-            : processFonts(std::make_shared<ProcessFonts>())
-            , catalog(processFonts, test.m_directories.caches / "descriptors")
-            , registry(processFonts, activationLinksFolder(test.m_directories))
-            , state({catalog, registry, events, scripts, front, test.m_directories}, delays)
-        {}
-        ~Program() { finishBackgroundWork(); }
+    struct Program : LibraryProgram {
+        using LibraryProgram::LibraryProgram;
 
-        void load() { QCoro::waitFor(state.load()); }
         std::vector<std::string> names() const
         {
             std::vector<std::string> names;
@@ -52,19 +24,11 @@ protected:
             std::sort(names.begin(), names.end());
             return names;
         }
-
-        std::shared_ptr<ProcessFonts> processFonts;
-        FontconfigCatalog catalog;
-        LinuxFontRegistry registry;
-        InotifyEventStream events{{.latency = 5ms, .rootCheck = 20ms}};
-        NoScriptEngine scripts;
-        NoFrontApplication front;
-        AppState state;
     };
 
     std::unique_ptr<Program> open(const AppState::Delays &delays = kQuick) const
     {
-        return std::make_unique<Program>(*this, delays);
+        return std::make_unique<Program>(m_directories, delays);
     }
 
     // The messages of a load, each once.
@@ -141,7 +105,7 @@ TEST_F(AppStateTest, SaysThatTheDatabaseCannotBeOpenedAndStaysEmpty)
     writeFile(stateFile("index.sqlite"), std::string(4096, 'x'));
     const auto program = open();
     for (int loads = 0; loads < 2; ++loads) {
-        EXPECT_THAT(program->state.loadError().value_or(""), testing::StartsWith("Ouverture de l'index impossible : "));
+        EXPECT_THAT(program->state.loadError().value_or(""), StartsWith("Ouverture de l'index impossible : "));
         program->load();
     }
     EXPECT_FALSE(program->state.isIndexing());
@@ -400,7 +364,7 @@ TEST_F(AppStateTest, SmartCollectionsKeepFilters)
     EXPECT_EQ(state.sidebarSelection.value(), SidebarSelection());
 }
 
-TEST_F(AppStateTest, CollectionsFavoritesAndRecentsAreMirrored)
+TEST_F(AppStateTest, CollectionsAndRecentsAreMirrored)
 {
     const std::string path = put("data/fonts/a.ttf");
     const auto program = open();
@@ -419,11 +383,6 @@ TEST_F(AppStateTest, CollectionsFavoritesAndRecentsAreMirrored)
     EXPECT_THAT(state.collectionFontPaths(id), IsEmpty());
     EXPECT_TRUE(state.deleteCollection(id));
     EXPECT_THAT(state.collectionCache(), IsEmpty());
-
-    state.toggleFavorite("A");
-    state.toggleFavorite("B");
-    state.toggleFavorite("A");
-    EXPECT_THAT(state.favorites(), ElementsAre("B"));
     for (int i = 0; i < 42; ++i)
         state.noteUsed("F" + std::to_string(i));
     state.noteUsed("F7");

@@ -2,8 +2,8 @@
 
 #include "Model/ScriptCoverage.h"
 #include "State/SidebarSelection.h"
+#include "Testing.h"
 
-#include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
 namespace kerlune {

@@ -1,28 +1,19 @@
 #include "Catalogs/InstalledFamilies.h"
 #include "GoogleServer.h"
-#include "LibraryHome.h"
-#include "Platform/Linux/FontconfigCatalog.h"
-#include "Platform/Linux/InotifyEventStream.h"
-#include "Platform/Linux/NoFrontApplication.h"
-#include "Platform/Linux/NoScriptEngine.h"
-#include "State/AppState.h"
+#include "LibraryProgram.h"
 
 #include <cstdlib>
 
 namespace kerlune {
 namespace {
 
-namespace fs = std::filesystem;
-using namespace std::chrono_literals;
 using nlohmann::json;
-using testing::Contains;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Pair;
-using testing::SizeIs;
 
-constexpr AppState::Delays kQuickRefresh{
-    .registryRefresh = 20ms, .folderRescan = 20ms, .notice = 1h, .errorNotice = 1h, .foreignChanges = 20ms};
+constexpr AppState::Delays kQuickRefresh = [] {
+    AppState::Delays delays = kQuick;
+    delays.foreignChanges = 20ms;
+    return delays;
+}();
 
 // The state, with a service on the loopback address.
 class GoogleFontsTest : public LibraryHome {
@@ -31,19 +22,14 @@ protected:
     {
         setenv("XDG_DATA_HOME", (m_home / "data").c_str(), 1); // where the trash is
         setCatalog({"Garnet", "Opal"});
-        m_state = open();
+        open();
     }
-    ~GoogleFontsTest() override
-    {
-        m_state.reset();
-        finishBackgroundWork();
-        unsetenv("XDG_DATA_HOME");
-    }
+    ~GoogleFontsTest() override { unsetenv("XDG_DATA_HOME"); }
 
-    std::unique_ptr<AppState> open()
+    void open()
     {
-        return std::make_unique<AppState>(
-            AppState::Surroundings{m_catalog, m_registry, m_events, m_scripts, m_front, m_directories}, kQuickRefresh);
+        m_program = std::make_unique<LibraryProgram>(m_directories, kQuickRefresh);
+        m_state = &m_program->state;
     }
     static json catalogOf(const std::vector<std::string> &names)
     {
@@ -74,11 +60,8 @@ protected:
 
     GoogleServer m_server;
     json m_plan = json::object();
-    FontconfigCatalog m_catalog{m_processFonts, m_directories.caches / "descriptors"};
-    InotifyEventStream m_events{{.latency = 5ms, .rootCheck = 20ms}};
-    NoScriptEngine m_scripts;
-    NoFrontApplication m_front;
-    std::unique_ptr<AppState> m_state;
+    std::unique_ptr<LibraryProgram> m_program;
+    AppState *m_state = nullptr;
 };
 
 TEST_F(GoogleFontsTest, FetchesTheCatalogueWhenItsCopyIsMissingOrOldOrAskedFor)
@@ -95,7 +78,7 @@ TEST_F(GoogleFontsTest, FetchesTheCatalogueWhenItsCopyIsMissingOrOldOrAskedFor)
     EXPECT_EQ(fetches(), 1U);
 
     load();
-    m_state = open();
+    open();
     load();
     EXPECT_THAT(names(), ElementsAre("Garnet", "Opal"));
     EXPECT_EQ(fetches(), 1U);
@@ -105,13 +88,13 @@ TEST_F(GoogleFontsTest, FetchesTheCatalogueWhenItsCopyIsMissingOrOldOrAskedFor)
     EXPECT_THAT(names(), ElementsAre("Jade"));
     EXPECT_EQ(fetches(), 2U);
     ageCache(604'801s);
-    m_state = open();
+    open();
     load();
     EXPECT_EQ(fetches(), 3U);
     load(); // the same list has a new date
     EXPECT_EQ(fetches(), 3U);
     writeFile(stateFile("google-fonts-catalog.json"), "[{]");
-    m_state = open();
+    open();
     load();
     EXPECT_THAT(names(), ElementsAre("Jade"));
     EXPECT_EQ(fetches(), 4U);
@@ -137,7 +120,7 @@ TEST_F(GoogleFontsTest, KeepsWhatItHasWhenTheServiceFails)
     EXPECT_EQ(m_state->googleCatalogError(), std::nullopt);
     m_server.stop();
     ageCache(604'801s);
-    m_state = open();
+    open();
     load();
     EXPECT_THAT(names(), ElementsAre("Garnet", "Opal"));
     EXPECT_TRUE(m_state->googleCatalogError());
@@ -175,7 +158,7 @@ TEST_F(GoogleFontsTest, InstallsActivatesAndRemovesAFamily)
     EXPECT_THAT(m_state->googleInstalledFamilies(), IsEmpty());
     EXPECT_EQ(m_state->notice()->text, "« Garnet » retirée. Les fichiers sont dans la Corbeille.");
     EXPECT_TRUE(fs::is_directory(m_home / "data/Trash/files/Garnet"));
-    EXPECT_THAT(readFile(m_home / "data/Trash/info/Garnet.trashinfo"), testing::HasSubstr("Path="));
+    EXPECT_THAT(readFile(m_home / "data/Trash/info/Garnet.trashinfo"), HasSubstr("Path="));
 }
 
 TEST_F(GoogleFontsTest, SaysWhyAFamilyIsNotInstalledOrRemoved)
@@ -194,7 +177,7 @@ TEST_F(GoogleFontsTest, SaysWhyAFamilyIsNotInstalledOrRemoved)
     m_plan["font"] = json::object();
     m_server.setPlan(m_plan);
     EXPECT_TRUE(QCoro::waitFor(m_state->installGoogleFamily("Opal")));
-    EXPECT_THAT(m_state->googleInstallErrors(), testing::Not(Contains(testing::Key("Opal"))));
+    EXPECT_THAT(m_state->googleInstallErrors(), Not(Contains(testing::Key("Opal"))));
 }
 
 TEST_F(GoogleFontsTest, FollowsWhatOthersInstall)

@@ -1,63 +1,35 @@
-#include "LibraryHome.h"
-#include "MadeFrontApplication.h"
-#include "MadeScriptEngine.h"
-#include "Platform/Linux/FontconfigCatalog.h"
-#include "Platform/Linux/InotifyEventStream.h"
-#include "State/AppState.h"
+#include "LibraryProgram.h"
 #include "State/Preferences.h"
-
-#include <mutex>
 
 namespace kerlune {
 namespace {
 
 using namespace ApplyOutcome;
-using namespace std::chrono_literals;
-using testing::ElementsAre;
-using testing::EndsWith;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::SizeIs;
-using testing::StartsWith;
 
-constexpr AppState::Delays kQuickShuffle{.registryRefresh = 20ms,
-                                         .folderRescan = 20ms,
-                                         .notice = 1h,
-                                         .errorNotice = 1h,
-                                         .applied = 1h,
-                                         .notApplied = 1h,
-                                         .foreignChanges = 1h,
-                                         .shuffle = 1ms,
-                                         .missingFonts = 2ms};
+constexpr AppState::Delays kQuickShuffle = [] {
+    AppState::Delays delays = kQuick;
+    delays.shuffle = 1ms;
+    delays.missingFonts = 2ms;
+    return delays;
+}();
 
 // The state with one font of the system, two of a watched folder, and hosts that answer as a test says.
 class HostCommandsTest : public LibraryHome {
 protected:
     HostCommandsTest()
     {
-        put("data/fonts/system.ttf");
-        m_italic = put("Polices/b.ttf", "italic.ttf");
-        m_mono = put("Polices/c.ttf", "mono-post.ttf");
-        m_state = std::make_unique<AppState>(
-            AppState::Surroundings{m_catalog, m_registry, m_events, m_scripts, m_front, m_directories}, kQuickShuffle);
-        QCoro::waitFor(m_state->load());
-        QCoro::waitFor(m_state->folderLibrary().add(m_home / "Polices"));
+        m_program.load();
+        QCoro::waitFor(m_state.folderLibrary().add(m_home / "Polices"));
         EXPECT_TRUE(waitUntil([this] { return faceOf(m_mono) != nullptr; }));
     }
-    ~HostCommandsTest() override
-    {
-        m_state.reset();
-        finishBackgroundWork();
-    }
 
-    void answer(ScriptEngine::Result result)
+    void answer(const ScriptEngine::Result &result)
     {
-        const std::scoped_lock lock(m_mutex);
-        m_answer = std::move(result);
+        m_program.scripts.setAnswer([result](const std::string &) { return result; });
     }
     FontRecordPointer faceOf(const std::string &file) const
     {
-        for (const FontRecordPointer &face : m_state->allRecords()) {
+        for (const FontRecordPointer &face : m_state.allRecords()) {
             if (face->filePath == file)
                 return face;
         }
@@ -65,8 +37,8 @@ protected:
     }
     void select(const FontRecordPointer &face)
     {
-        m_state->selectedFamily = face->family;
-        m_state->selectedFace = face->postScriptName;
+        m_state.selectedFamily = face->family;
+        m_state.selectedFace = face->postScriptName;
     }
     std::vector<std::string> scriptsWith(const std::string &text) const
     {
@@ -76,23 +48,18 @@ protected:
     }
     std::vector<std::string> applied() const { return scriptsWith("fontName"); }
 
-    std::mutex m_mutex;
-    ScriptEngine::Result m_answer = ScriptEngine::Descriptor{"OK|2"};
-    MadeScriptEngine m_scripts{[this](const std::string &) {
-        const std::scoped_lock lock(m_mutex);
-        return m_answer;
-    }};
-    MadeFrontApplication m_front;
-    FontconfigCatalog m_catalog{m_processFonts, m_directories.caches / "descriptors"};
-    InotifyEventStream m_events{{.latency = 5ms, .rootCheck = 20ms}};
-    std::string m_italic;
-    std::string m_mono;
-    std::unique_ptr<AppState> m_state;
+    const std::string m_system = put("data/fonts/system.ttf");
+    const std::string m_italic = put("Polices/b.ttf", "italic.ttf");
+    const std::string m_mono = put("Polices/c.ttf", "mono-post.ttf");
+    LibraryProgram m_program{m_directories, kQuickShuffle};
+    AppState &m_state = m_program.state;
+    MadeFrontApplication &m_front = m_program.front;
+    MadeScriptEngine &m_scripts = m_program.scripts;
 };
 
 TEST_F(HostCommandsTest, AppliesTheSelectedFontWhereTheUserWasLast)
 {
-    AppState &state = *m_state;
+    AppState &state = m_state;
     QCoro::waitFor(state.applyCurrentToFrontmost());
     EXPECT_FALSE(state.applyFeedback()) << "nothing is selected";
     select(faceOf(m_mono));
@@ -115,7 +82,7 @@ TEST_F(HostCommandsTest, AppliesTheSelectedFontWhereTheUserWasLast)
     EXPECT_EQ(state.applyFeedback(), ApplyResult(NotRunning{HostApp::photoshop}));
     EXPECT_THAT(state.recents(), SizeIs(1));
 
-    std::filesystem::remove(m_italic);
+    fs::remove(m_italic);
     const std::size_t scripts = applied().size();
     QCoro::waitFor(state.applyCurrent(HostApp::photoshop));
     EXPECT_THAT(failureMessage(*state.applyFeedback()), EndsWith(" est introuvable : " + m_italic));
@@ -124,7 +91,7 @@ TEST_F(HostCommandsTest, AppliesTheSelectedFontWhereTheUserWasLast)
 
 TEST_F(HostCommandsTest, OneApplicationWaitsForTheOtherAndTheLastOneWins)
 {
-    AppState &state = *m_state;
+    AppState &state = m_state;
     select(faceOf(m_italic));
     auto first = state.applyCurrent(HostApp::photoshop);
     EXPECT_TRUE(state.isApplying());
@@ -140,7 +107,7 @@ TEST_F(HostCommandsTest, OneApplicationWaitsForTheOtherAndTheLastOneWins)
 
 TEST_F(HostCommandsTest, ShuffleAppliesEachFontThatIsSelected)
 {
-    AppState &state = *m_state;
+    AppState &state = m_state;
     EXPECT_FALSE(state.startShuffle());
     EXPECT_FALSE(state.shuffleActive());
     m_front.bring("InDesign.exe");
@@ -179,7 +146,7 @@ TEST_F(HostCommandsTest, ShuffleAppliesEachFontThatIsSelected)
 
 TEST_F(HostCommandsTest, ShuffleStopsAtOnce)
 {
-    AppState &state = *m_state;
+    AppState &state = m_state;
     m_front.bring("InDesign.exe");
     select(faceOf(m_italic));
     auto applying = state.applyCurrent(HostApp::photoshop);
@@ -194,14 +161,14 @@ TEST_F(HostCommandsTest, ShuffleStopsAtOnce)
 
 TEST_F(HostCommandsTest, ShowsTheFontsOfADocumentThatTheLibraryHolds)
 {
-    AppState &state = *m_state;
+    AppState &state = m_state;
     const FontRecordPointer mono = faceOf(m_mono);
     const FontRecordPointer italic = faceOf(m_italic);
     const auto activate = [&](std::vector<UsedFont> fonts) {
         QCoro::waitFor(state.activateMissingFonts(std::move(fonts), {"a.indd", "b.indd"}, HostApp::indesign));
     };
     activate({{mono->postScriptName}, {"", italic->family, italic->style}});
-    EXPECT_THAT(linked(), testing::UnorderedElementsAre(m_italic, m_mono));
+    EXPECT_THAT(linked(), UnorderedElementsAre(m_italic, m_mono));
     ASSERT_TRUE(state.notice());
     EXPECT_FALSE(state.notice()->isError);
     EXPECT_THAT(state.notice()->text, HasSubstr(italic->family + ' ' + italic->style));
@@ -223,11 +190,11 @@ TEST_F(HostCommandsTest, ShowsTheFontsOfADocumentThatTheLibraryHolds)
 TEST_F(HostCommandsTest, TellsMissingFontsEvenWhenActivatingFails)
 {
     const FontRecordPointer mono = faceOf(m_mono);
-    std::filesystem::remove(m_mono);
-    QCoro::waitFor(m_state->activateMissingFonts({{mono->postScriptName}, {"Lost"}}, {"a.psd"}, HostApp::photoshop));
-    ASSERT_TRUE(m_state->notice());
-    EXPECT_THAT(m_state->notice()->text, StartsWith("Activation incomplète : "));
-    EXPECT_THAT(m_state->notice()->text, EndsWith("« a.psd » utilise des polices introuvables sur ce Mac : Lost"));
+    fs::remove(m_mono);
+    QCoro::waitFor(m_state.activateMissingFonts({{mono->postScriptName}, {"Lost"}}, {"a.psd"}, HostApp::photoshop));
+    ASSERT_TRUE(m_state.notice());
+    EXPECT_THAT(m_state.notice()->text, StartsWith("Activation incomplète : "));
+    EXPECT_THAT(m_state.notice()->text, EndsWith("« a.psd » utilise des polices introuvables sur ce Mac : Lost"));
 }
 
 TEST_F(HostCommandsTest, WatchesTheHostInFrontWhenTheSettingsWantIt)

@@ -1,15 +1,12 @@
 #include "State/SearchIndex.h"
 
 #include "Support/Text.h"
-
-#include <gmock/gmock.h>
+#include "Testing.h"
 
 #include <random>
 
 namespace kerlune {
 namespace {
-
-using testing::IsEmpty;
 
 FontFamilyPointer family(const std::string &name, std::initializer_list<FontRecord> faces = {})
 {

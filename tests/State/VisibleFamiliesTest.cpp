@@ -3,18 +3,14 @@
 #include "MadeLibrary.h"
 #include "Model/FontIndexer.h"
 #include "Model/ScriptCoverage.h"
+#include "Support/Text.h"
 #include "TempFolder.h"
 #include "TestFonts.h"
-
-#include <gmock/gmock.h>
+#include "Testing.h"
 
 namespace kerlune {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Pair;
-using testing::UnorderedElementsAre;
 using Kind = SidebarSelection::Kind;
 
 constexpr double kLight = -0.4; // CSS 300
@@ -101,7 +97,7 @@ TEST(FilterPipeline, AsksTheFontsForRequiredGlyphs)
 {
     const TempFolder folder;
     const auto fontFace = [&](const std::string &family, const std::string &font, bool isItalic) {
-        std::filesystem::copy_file(testFont(font), folder / font, std::filesystem::copy_options::skip_existing);
+        fs::copy_file(testFont(font), folder / font, fs::copy_options::skip_existing);
         const auto fonts = fontsOfFile((folder / font).string()).fonts;
         FontRecord record = *FontIndexer::extract(fonts.back());
         record.family = family;
@@ -116,7 +112,7 @@ TEST(FilterPipeline, AsksTheFontsForRequiredGlyphs)
     EXPECT_THAT(made.visible({.requiredGlyphs = "H\n"}), IsEmpty()); // as typed
     EXPECT_THAT(made.visible({.requiredGlyphs = "Hあ"}), IsEmpty());
     EXPECT_THAT(made.visible({.onlyItalic = true, .requiredGlyphs = "H"}), ElementsAre("Un: Italic"));
-    std::filesystem::remove(folder / "plain.ttf"); // what was read is remembered
+    fs::remove(folder / "plain.ttf"); // what was read is remembered
     EXPECT_THAT(made.visible({.requiredGlyphs = "Hx"}), ElementsAre("Un: Regular Italic"));
 }
 
@@ -187,6 +183,17 @@ TEST(VisibleFamilies, DuplicatesShareAPostScriptName)
     EXPECT_THAT(described(families), ElementsAre("Arial: Light Light", "Autre: Mono", "Cour: Mono"));
     EXPECT_THAT(made.visible({}, {Kind::duplicates}),
                 ElementsAre("Arial: Light Regular Black Light", "Autre: Mono", "Cour: Mono"));
+}
+
+TEST(LoadedLibrary, FindsFamiliesAndRecordsByName)
+{
+    auto made = makeLibrary({madeFace("Police 10", "A"), madeFace("Police 9", "B"), madeFace("Police 10", "C")});
+    const LoadedLibrary library = std::move(made); // what the keys look at moves with it
+    EXPECT_THAT(described(library.families), ElementsAre("Police 9: B", "Police 10: A C"));
+    EXPECT_EQ(library.familyByName.at("Police 10"), library.families[1]);
+    EXPECT_EQ(library.recordByPostScriptName.at("Police 9-B"), library.records[1]);
+    EXPECT_THAT(library.searchIndex.positions(folded("POLICE 1")), ElementsAre(1U));
+    EXPECT_TRUE(makeLibrary({}).searchIndex.positions("").empty());
 }
 
 TEST(VisibleFamilies, AreCountedOncePerFamily)

@@ -2,8 +2,8 @@
 
 #include "FullDiskVfs.h"
 #include "TempFolder.h"
+#include "Testing.h"
 
-#include <gmock/gmock.h>
 #include <sqlite3.h>
 
 #include <algorithm>
@@ -13,12 +13,6 @@
 
 namespace kerlune {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Pair;
-using testing::StartsWith;
-using testing::UnorderedElementsAre;
 
 FontRecord sampleRecord(const std::string &name)
 {
@@ -88,7 +82,7 @@ protected:
         return rows;
     }
 
-    std::filesystem::path path() const { return m_folder / "index.sqlite"; }
+    fs::path path() const { return m_folder / "index.sqlite"; }
 
     TempFolder m_folder;
     std::atomic<double> m_now = 1'000'000;
@@ -276,55 +270,6 @@ TEST_F(FontIndexStoreTest, KeepsFingerprintsAsPackedFloats)
     sql("INSERT INTO fingerprints VALUES('odd', zeroblob(10)), ('null', NULL), (NULL, zeroblob(4))");
     EXPECT_THAT(store->loadFingerprints(), UnorderedElementsAre(Pair("A", ElementsAre(1.0F, -2.5F)),
                                                                 Pair("B", IsEmpty()), Pair("C", ElementsAre(0.5F))));
-}
-
-TEST_F(FontIndexStoreTest, ListsRecentFamiliesNewestFirst)
-{
-    const auto store = open();
-    for (int i = 0; i < 50; ++i)
-        store->noteRecent("F" + std::to_string(i));
-    store->noteRecent("F3");
-    const auto recents = store->recents(40);
-    ASSERT_EQ(recents.size(), 40U);
-    EXPECT_EQ(recents[0], "F3");
-    EXPECT_EQ(recents[1], "F49");
-    EXPECT_EQ(recents[39], "F11");
-}
-
-TEST_F(FontIndexStoreTest, KeepsFavoritesAndCollections)
-{
-    const auto store = open();
-    store->setFavorite("A", true);
-    store->setFavorite("B", true);
-    store->setFavorite("A", false);
-    EXPECT_THAT(store->favorites(), ElementsAre("B"));
-
-    const std::string first = *store->createCollection("Première");
-    const std::string second = *store->createCollection("Deuxième");
-    store->addToCollection(first, std::vector<std::string>{"A", "B", "A"});
-    store->addToCollection(second, std::vector<std::string>{"C"});
-    store->renameCollection(second, "Seconde");
-    EXPECT_THAT(store->collections(), ElementsAre(FontIndexStore::Collection{first, "Première"},
-                                                  FontIndexStore::Collection{second, "Seconde"}));
-    EXPECT_THAT(store->collectionMembers(first), UnorderedElementsAre("A", "B"));
-    store->addToCollection(second, std::vector<std::string>{"A", "D"});
-    EXPECT_TRUE(store->removeFromCollection(second, std::vector<std::string>{"A", "not in it", "D"}));
-    store->deleteCollection(first);
-    EXPECT_THAT(store->collectionMembers(first), IsEmpty());
-    EXPECT_THAT(store->collectionMembers(second), ElementsAre("C"));
-}
-
-TEST_F(FontIndexStoreTest, RenamesATagWithoutDoublingIt)
-{
-    const auto store = open();
-    store->setTag("a", std::vector<std::string>{"F", "G", "H"}, true);
-    store->setTag("b", std::vector<std::string>{"F"}, true);
-    store->setTag("a", std::vector<std::string>{"H"}, false);
-    store->renameTag("a", "b");
-    EXPECT_TRUE(store->renameTag("b", "b"));
-    EXPECT_THAT(store->tags(), ElementsAre(Pair("F", ElementsAre("b")), Pair("G", ElementsAre("b"))));
-    store->deleteTag("b");
-    EXPECT_THAT(store->tags(), IsEmpty());
 }
 
 TEST_F(FontIndexStoreTest, SavesASmartCollectionAgainInItsPlace)

@@ -1,8 +1,8 @@
 #include "Support/AtomicFile.h"
 
 #include "TempFolder.h"
+#include "Testing.h"
 
-#include <gmock/gmock.h>
 #include <sys/resource.h>
 
 #include <csignal>
@@ -17,7 +17,7 @@ TEST(AtomicFile, ReplacesTheWholeFileAndLeavesNothingElse)
     ASSERT_TRUE(writeFileAtomically(path, "a longer first version"));
     ASSERT_TRUE(writeFileAtomically(path, std::string_view("b\0c", 3)));
     EXPECT_EQ(readFile(path), std::string("b\0c", 3));
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(path.parent_path()), {}), 1);
+    EXPECT_EQ(std::distance(fs::directory_iterator(path.parent_path()), {}), 1);
 }
 
 TEST(AtomicFile, SaysWhyItFailedAndKeepsTheOldFile)
@@ -46,7 +46,7 @@ TEST(AtomicFile, KeepsTheOldFileWhenTheNewOneFindsNoRoom)
     ASSERT_FALSE(written);
     EXPECT_EQ(written.error(), "File too large"); // the system's own words
     EXPECT_EQ(readFile(folder / "file"), "old");
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 1);
 }
 
 } // namespace

@@ -1,8 +1,9 @@
 #include "Support/Localization.h"
 
+#include "Testing.h"
+
 #include <QCoreApplication>
 #include <QTranslator>
-#include <gmock/gmock.h>
 
 namespace kerlune {
 namespace {

@@ -1,17 +1,15 @@
 #include "Support/Text.h"
 
 #include "Support/Uuid.h"
+#include "Testing.h"
 
 #include <QString>
-#include <gmock/gmock.h>
 
 #include <algorithm>
 #include <vector>
 
 namespace kerlune {
 namespace {
-
-using testing::ElementsAre;
 
 TEST(NameCollator, SortsAsAFileBrowserDoes)
 {

@@ -16,55 +16,32 @@ namespace kerlune {
 namespace {
 
 using namespace ApplyOutcome;
-using testing::ElementsAre;
-using testing::EndsWith;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::SizeIs;
 
 class ApplyTest : public WindowHome {
 protected:
     ApplyTest()
     {
-        put("data/fonts/a.ttf");
-        put("data/fonts/b.ttf", "italic.ttf");
+        offer({"plain.ttf", "italic.ttf"});
         m_program = openLoaded();
         m_program->preferences.autoActivateMissingFonts = false; // the only scripts are those that apply
     }
-    ~ApplyTest() override { m_program.reset(); }
-
-    template <typename Widget>
-    static Widget &child(const QWidget &window, const char *name)
-    {
-        auto *found = window.findChild<Widget *>(QLatin1String(name));
-        if (found == nullptr)
-            throw std::runtime_error(name);
-        return *found;
-    }
-    static void click(const QWidget &window, const char *button)
-    {
-        QTest::mouseClick(&child<QWidget>(window, button), Qt::LeftButton);
-    }
-
-    std::unique_ptr<Program> m_program;
 };
 
 TEST_F(ApplyTest, TheToolbarAppliesTheSelectedFontWhereTheUserWas)
 {
-    AppState &state = m_program->state;
-    MainWindow window(m_program->workspace);
+    MainWindow window(workspace());
     window.show();
     EXPECT_FALSE(child<QToolButton>(window, "applyButton").isEnabled()) << "nothing is selected";
-    m_program->workspace.select({"Essai Italic"});
+    workspace().select({"Essai Italic"});
     m_program->front.bring("InDesign.exe");
     click(window, "applyButton");
-    ASSERT_TRUE(waitFor([&] { return state.applyFeedback().has_value(); }));
+    ASSERT_TRUE(waitFor([&] { return state().applyFeedback().has_value(); }));
     EXPECT_THAT(m_program->scripts.sources(), ElementsAre(HasSubstr("EssaiItalic-Regular")));
     const auto &text = child<QLabel>(window, "noticeText");
     EXPECT_EQ(text.text().toStdString(), "InDesign\u00A0: Police appliquée à 2 éléments.");
 
     // The one that was posted last is shown, and is what the button closes.
-    state.setNotice({"Après"});
+    state().setNotice({"Après"});
     EXPECT_EQ(text.text().toStdString(), "Après");
     click(window, "noticeClose");
     EXPECT_THAT(text.text().toStdString(), EndsWith("2 éléments."));
@@ -74,8 +51,7 @@ TEST_F(ApplyTest, TheToolbarAppliesTheSelectedFontWhereTheUserWas)
 
 TEST_F(ApplyTest, TheLiveTrialStepsThroughWhatIsInSight)
 {
-    AppState &state = m_program->state;
-    MainWindow window(m_program->workspace);
+    MainWindow window(workspace());
     window.show();
     auto &shuffle = child<QAction>(window, "shuffle");
     const auto &bar = child<QWidget>(window, "shuffleBar");
@@ -93,48 +69,47 @@ TEST_F(ApplyTest, TheLiveTrialStepsThroughWhatIsInSight)
             return !scripts.empty() && scripts.back().find(font) != std::string::npos;
         }));
     }
-    EXPECT_THAT(m_program->workspace.selectedFamilies.value(), ElementsAre("Essai Plain"));
+    EXPECT_THAT(workspace().selectedFamilies.value(), ElementsAre("Essai Plain"));
     click(window, "shuffleStop");
-    EXPECT_FALSE(state.shuffleActive() || bar.isVisible() || shuffle.isChecked());
+    EXPECT_FALSE(state().shuffleActive() || bar.isVisible() || shuffle.isChecked());
 }
 
 TEST_F(ApplyTest, ThePickerAppliesItsFont)
 {
-    m_program->state.noteUsed("Essai Plain");
+    state().noteUsed("Essai Plain");
     m_program->front.bring("Illustrator.exe");
-    TrayPicker picker(m_program->workspace);
+    TrayPicker picker(workspace());
     picker.popUp();
-    QTest::mouseClick(&child<QPushButton>(picker, "trayApply"), Qt::LeftButton);
-    EXPECT_TRUE(waitFor([&] { return m_program->state.applyFeedback().has_value(); }));
+    click(picker, "trayApply");
+    EXPECT_TRUE(waitFor([&] { return state().applyFeedback().has_value(); }));
     EXPECT_THAT(m_program->scripts.sources(), ElementsAre(HasSubstr("EssaiPlain-Regular")));
     EXPECT_FALSE(picker.isVisible());
 }
 
 TEST_F(ApplyTest, TheHotKeyFollowsTheSettingAndTellsOnceWhyItIsMissing)
 {
-    AppState &state = m_program->state;
     Preferences &preferences = m_program->preferences;
     MadeHotKeys keys;
     {
-        const ApplyHotKey hotKey(keys, state, preferences);
+        const ApplyHotKey hotKey(keys, state(), preferences);
         ASSERT_THAT(keys.keys, SizeIs(1));
         m_program->front.bring("InDesign.exe");
         keys.keys.at(1).pressed(1);
         QTest::qWait(20);
         EXPECT_THAT(m_program->scripts.sources(), IsEmpty()) << "nothing is selected";
-        m_program->workspace.select({"Essai Plain"});
+        workspace().select({"Essai Plain"});
         keys.keys.at(1).pressed(1);
-        EXPECT_TRUE(waitFor([&] { return state.applyFeedback().has_value(); }));
+        EXPECT_TRUE(waitFor([&] { return state().applyFeedback().has_value(); }));
         EXPECT_THAT(m_program->scripts.sources(), SizeIs(1));
 
         keys.keys.at(1).failed(HotKeys::Failure::Taken);
-        EXPECT_THAT(state.notice().value_or(Notice()).text, HasSubstr("Super + Alt + V"));
-        state.dismissNotice();
+        EXPECT_THAT(state().notice().value_or(Notice()).text, HasSubstr("Super + Alt + V"));
+        state().dismissNotice();
         preferences.applyHotKeyEnabled = false;
         EXPECT_THAT(keys.keys, IsEmpty());
         preferences.applyHotKeyEnabled = true;
         keys.keys.at(1).failed(HotKeys::Failure::Unavailable);
-        EXPECT_FALSE(state.notice());
+        EXPECT_FALSE(state().notice());
     }
     EXPECT_THAT(keys.keys, IsEmpty());
 }

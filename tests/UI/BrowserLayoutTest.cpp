@@ -1,15 +1,13 @@
 #include "UI/Browser/BrowserLayout.h"
 
+#include "Testing.h"
 #include "UI/Browser/CellPreviews.h"
-
-#include <gmock/gmock.h>
 
 #include <algorithm>
 
 namespace kerlune {
 namespace {
 
-using testing::ElementsAre;
 using Mode = BrowserLayout::Mode;
 
 // Layouts of all kinds, from narrower than one card to wider than a large screen.

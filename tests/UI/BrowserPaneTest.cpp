@@ -15,28 +15,22 @@
 namespace kerlune {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::SizeIs;
-using testing::UnorderedElementsAre;
 using Names = std::vector<std::string>;
 
 // In library order: Essai 9, 10, Accents, Alpha, Beta, Classe 01 … 12, Delta, Epsilon, Gamma, Zeta.
-constexpr std::array kFonts{"family-9.ttf",        "family-10.ttf",       "french-no-y.ttf",     "i-sans.ttf",
-                            "i-slab.ttf",          "i-short.ttf",         "i-missing.ttf",       "i-serif.ttf",
-                            "i-tall.ttf",          "family-class-01.ttf", "family-class-02.ttf", "family-class-03.ttf",
-                            "family-class-04.ttf", "family-class-05.ttf", "family-class-06.ttf", "family-class-07.ttf",
-                            "family-class-08.ttf", "family-class-09.ttf", "family-class-10.ttf"};
+constexpr std::initializer_list<const char *> kFonts{
+    "family-9.ttf",        "family-10.ttf",       "french-no-y.ttf",     "i-sans.ttf",          "i-slab.ttf",
+    "i-short.ttf",         "i-missing.ttf",       "i-serif.ttf",         "i-tall.ttf",          "family-class-01.ttf",
+    "family-class-02.ttf", "family-class-03.ttf", "family-class-04.ttf", "family-class-05.ttf", "family-class-06.ttf",
+    "family-class-07.ttf", "family-class-08.ttf", "family-class-09.ttf", "family-class-10.ttf"};
 
 class BrowserPaneTest : public WindowHome {
 protected:
-    // Fonts of the system; with a folder, of a watched folder.
-    void open(const std::string &folder = "data/fonts")
+    void open()
     {
-        for (const char *font : kFonts)
-            put(folder + "/" + font, font);
+        offer(kFonts);
         m_program = openLoaded();
-        m_pane = std::make_unique<BrowserPane>(m_program->workspace);
+        m_pane = std::make_unique<BrowserPane>(workspace());
         m_pane->resize(800, 480);
         m_pane->show();
         m_view = m_pane->findChild<BrowserView *>();
@@ -46,8 +40,7 @@ protected:
         ASSERT_THAT(m_model->families(), SizeIs(kFonts.size()));
     }
 
-    AppState &state() const { return m_program->state; }
-    Names selected() const { return m_program->workspace.selectedFamilies.value(); }
+    Names selected() const { return workspace().selectedFamilies.value(); }
     std::string current() const { return state().selectedFamily.value().value_or("none"); }
     void search(const std::string &text) const { state().filters = Filters{.search = text}; }
     QModelIndex index(const std::string &name) const { return m_model->index(m_model->rowOf(name).value_or(-1)); }
@@ -66,7 +59,6 @@ protected:
         QTest::keyClick(m_view, key, modifiers);
     }
 
-    std::unique_ptr<Program> m_program;
     std::unique_ptr<BrowserPane> m_pane;
     BrowserView *m_view = nullptr;
     FamilyListModel *m_model = nullptr;
@@ -119,7 +111,7 @@ TEST_F(BrowserPaneTest, MovesByKeysAndTyping)
     press(Qt::Key_PageUp);
     EXPECT_NE(current(), "Essai Zeta");
 
-    QSignalSpy large(&m_program->workspace, &Workspace::largePreviewWanted);
+    QSignalSpy large(&workspace(), &Workspace::largePreviewWanted);
     QTest::keyClicks(m_view, QStringLiteral("ESSAI de")); // the space belongs to the name
     EXPECT_EQ(current(), "Essai Delta");
     EXPECT_THAT(large, IsEmpty());
@@ -129,7 +121,7 @@ TEST_F(BrowserPaneTest, MovesByKeysAndTyping)
     press(Qt::Key_Space);
     QApplication::setKeyboardInputInterval(interval);
     EXPECT_THAT(large, SizeIs(1));
-    QSignalSpy panels(&m_program->workspace, &Workspace::panelWanted);
+    QSignalSpy panels(&workspace(), &Workspace::panelWanted);
     press(Qt::Key_Return);
     ASSERT_THAT(panels, SizeIs(1));
     EXPECT_EQ(panels.front().front().value<Workspace::Panel>(), Workspace::Panel::styles);
@@ -138,7 +130,7 @@ TEST_F(BrowserPaneTest, MovesByKeysAndTyping)
 TEST_F(BrowserPaneTest, KeepsWhatIsSelectedWhileItIsVisible)
 {
     open();
-    m_program->workspace.select({"Essai Gamma", "Essai Beta"});
+    workspace().select({"Essai Gamma", "Essai Beta"});
     EXPECT_EQ(current(), "Essai Gamma");
     for (const char *text : {"e", "es", "essai", "essai g", "ga"})
         search(text);
@@ -155,7 +147,7 @@ TEST_F(BrowserPaneTest, KeepsWhatIsSelectedWhileItIsVisible)
 TEST_F(BrowserPaneTest, FollowsWhatOthersSelect)
 {
     open();
-    m_program->workspace.select({"Essai Alpha", "Essai Beta"});
+    workspace().select({"Essai Alpha", "Essai Beta"});
     EXPECT_THAT(m_view->selectedNames(), ElementsAre("Essai Alpha", "Essai Beta"));
     state().selectedFamily = "Essai Beta";
     EXPECT_THAT(m_view->selectedNames(), ElementsAre("Essai Alpha", "Essai Beta"));
@@ -213,7 +205,7 @@ TEST_F(BrowserPaneTest, TogglesActivationByTheSign)
 {
     put("Polices/tall.ttf", "family-class-12.ttf");
     open();
-    m_program->workspace.commands().addFolders({QString::fromStdString(m_home / "Polices")});
+    commands().addFolders({QString::fromStdString(m_home / "Polices")});
     ASSERT_TRUE(waitFor([&] { return m_model->rowOf("Essai Classe 12").has_value(); }));
     const auto isActive = [&] {
         const auto family = state().family("Essai Classe 12");
@@ -228,10 +220,10 @@ TEST_F(BrowserPaneTest, TogglesActivationByTheSign)
     EXPECT_TRUE(told.contains(QStringLiteral("Active"))) << told.toStdString();
     clickPart("Essai Classe 12", sign);
     EXPECT_TRUE(waitFor([&] { return !isActive(); }));
-    const int changes = m_program->workspace.undoStack().count();
+    const int changes = workspace().undoStack().count();
     m_view->scrollTo(index("Essai 9"));
     clickPart("Essai 9", sign); // of the system: nothing to toggle
-    EXPECT_EQ(m_program->workspace.undoStack().count(), changes);
+    EXPECT_EQ(workspace().undoStack().count(), changes);
 }
 
 TEST_F(BrowserPaneTest, AsksForTheMenuOfWhatIsUnderThePointer)
@@ -276,7 +268,7 @@ TEST_F(BrowserPaneTest, DragsNamesAndFiles)
     EXPECT_THAT(droppedFamilies(*data), ElementsAre("Essai 9", "Essai Beta"));
     ASSERT_THAT(data->urls(), SizeIs(2));
     for (const QUrl &url : data->urls())
-        EXPECT_TRUE(std::filesystem::exists(url.toLocalFile().toStdString()));
+        EXPECT_TRUE(fs::exists(url.toLocalFile().toStdString()));
     EXPECT_THAT(decodeFamilies(encodeFamilies({"Été 永", "a\nb", "", "B&B"})), ElementsAre("Été 永", "B&B"));
 }
 

@@ -19,7 +19,6 @@
 namespace kerlune {
 namespace {
 
-using testing::ElementsAre;
 using Kind = SidebarSelection::Kind;
 
 GoogleFontFamily made(const std::string &name, const std::string &category, std::int64_t popularity,
@@ -79,20 +78,20 @@ protected:
         for (const GoogleFontFamily &family : catalog)
             families.push_back(encodeGoogleFamily(family));
         const auto file = GoogleFontsCatalog::cacheFile(m_directories);
-        std::filesystem::create_directories(file.parent_path());
+        fs::create_directories(file.parent_path());
         std::ofstream(file) << families;
     }
 
     void putPreview(const std::string &family) const
     {
         const auto file = GoogleSubsets::cacheFile(GoogleSubsets::cacheDirectory(m_directories), family);
-        put(std::filesystem::relative(file, m_home.path()));
+        put(fs::relative(file, m_home.path()));
     }
 
     std::unique_ptr<MainWindow> open()
     {
         m_program = openLoaded();
-        auto window = std::make_unique<MainWindow>(m_program->workspace);
+        auto window = std::make_unique<MainWindow>(workspace());
         window->present();
         EXPECT_TRUE(QTest::qWaitForWindowActive(window.get(), 60'000));
         state().sidebarSelection = SidebarSelection{.kind = Kind::googleFonts};
@@ -100,27 +99,14 @@ protected:
         return window;
     }
 
-    AppState &state() const { return m_program->state; }
-
-    template <typename Widget>
-    static Widget &find(const QWidget &window, const char *name)
-    {
-        auto *const found = window.findChild<Widget *>(QLatin1String(name));
-        if (found == nullptr)
-            throw std::runtime_error(name);
-        return *found;
-    }
-
     static QStringList listedNames(const QWidget &window)
     {
-        const auto &list = find<QListView>(window, "catalogList");
+        const auto &list = child<QListView>(window, "catalogList");
         QStringList names;
         for (int row = 0; row < list.model()->rowCount(); ++row)
             names.push_back(list.model()->index(row, 0).data().toString());
         return names;
     }
-
-    std::unique_ptr<Program> m_program;
 };
 
 TEST_F(CatalogTest, ListsWhatTheFiltersLeave)
@@ -130,12 +116,12 @@ TEST_F(CatalogTest, ListsWhatTheFiltersLeave)
     const auto window = open();
     EXPECT_EQ(listedNames(*window), (QStringList{QStringLiteral("Un"), QStringLiteral("Deux"), QStringLiteral("Été"),
                                                  QStringLiteral("Trois")}));
-    EXPECT_FALSE(find<QWidget>(*window, "filterBar").isVisible());
+    EXPECT_FALSE(child<QWidget>(*window, "filterBar").isVisible());
     EXPECT_TRUE(waitFor([&] { return state().googlePreviews().hasFailed("Deux"); }));
     EXPECT_NE(state().googlePreviews().descriptor("Un"), nullptr);
 
-    find<QComboBox>(*window, "catalogCategories").setCurrentIndex(1);
-    find<QCheckBox>(*window, "catalogVariable").click();
+    child<QComboBox>(*window, "catalogCategories").setCurrentIndex(1);
+    child<QCheckBox>(*window, "catalogVariable").click();
     EXPECT_TRUE(waitFor([&] { return listedNames(*window) == QStringList{QStringLiteral("Trois")}; }));
     state().filters = Filters{.search = "rien de tel"};
     EXPECT_TRUE(waitFor([&] { return listedNames(*window).isEmpty(); }));
@@ -147,7 +133,7 @@ TEST_F(CatalogTest, ListsWhatTheFiltersLeave)
         }
         return clear != nullptr;
     }));
-    QTest::mouseClick(clear, Qt::LeftButton);
+    click(*clear);
     EXPECT_TRUE(waitFor([&] { return listedNames(*window).size() == 4; }));
 }
 
@@ -158,15 +144,15 @@ TEST_F(CatalogTest, BeginsAtTheTopWhenOtherFamiliesAreListed)
         many.push_back(made("F" + std::to_string(i), i % 2 == 0 ? "Serif" : "Display", i, "2020-01-01"));
     putCatalog(many);
     const auto window = open();
-    QScrollBar &bar = *find<QListView>(*window, "catalogList").verticalScrollBar();
+    QScrollBar &bar = *child<QListView>(*window, "catalogList").verticalScrollBar();
     ASSERT_TRUE(waitFor([&] { return bar.maximum() > 1000; }));
     bar.setValue(bar.maximum());
-    find<QComboBox>(*window, "catalogCategories").setCurrentIndex(1);
+    child<QComboBox>(*window, "catalogCategories").setCurrentIndex(1);
     EXPECT_TRUE(waitFor([&] { return listedNames(*window).size() == 200; }));
     EXPECT_EQ(bar.value(), 0);
     bar.setValue(500);
-    QTest::mouseClick(&find<QWidget>(*window, "catalogRefresh"), Qt::LeftButton);
-    EXPECT_TRUE(waitFor([&] { return find<QPushButton>(*window, "catalogRetry").isVisible(); }));
+    click(*window, "catalogRefresh");
+    EXPECT_TRUE(waitFor([&] { return child<QPushButton>(*window, "catalogRetry").isVisible(); }));
     EXPECT_EQ(bar.value(), 500);
 }
 
@@ -174,18 +160,18 @@ TEST_F(CatalogTest, SaysWhatFailedAndKeepsWhatIsThere)
 {
     putCatalog();
     const auto window = open();
-    find<QListView>(*window, "catalogList")
-        .setCurrentIndex(find<QListView>(*window, "catalogList").model()->index(1, 0));
+    child<QListView>(*window, "catalogList")
+        .setCurrentIndex(child<QListView>(*window, "catalogList").model()->index(1, 0));
     EXPECT_EQ(state().googleSelectedFamily.value(), "Deux");
-    EXPECT_TRUE(waitFor([&] { return find<QLabel>(*window, "catalogName").isVisible(); }));
-    QTest::mouseClick(&find<QPushButton>(*window, "catalogInstall"), Qt::LeftButton);
-    EXPECT_TRUE(waitFor([&] { return find<QLabel>(*window, "catalogError").isVisible(); }));
-    EXPECT_FALSE(find<QLabel>(*window, "catalogError").text().isEmpty());
-    EXPECT_TRUE(find<QPushButton>(*window, "catalogInstall").isEnabled()); // and again
+    EXPECT_TRUE(waitFor([&] { return child<QLabel>(*window, "catalogName").isVisible(); }));
+    click(*window, "catalogInstall");
+    EXPECT_TRUE(waitFor([&] { return child<QLabel>(*window, "catalogError").isVisible(); }));
+    EXPECT_FALSE(child<QLabel>(*window, "catalogError").text().isEmpty());
+    EXPECT_TRUE(child<QPushButton>(*window, "catalogInstall").isEnabled()); // and again
 
-    EXPECT_FALSE(find<QPushButton>(*window, "catalogRetry").isVisible());
-    QTest::mouseClick(&find<QWidget>(*window, "catalogRefresh"), Qt::LeftButton);
-    EXPECT_TRUE(waitFor([&] { return find<QPushButton>(*window, "catalogRetry").isVisible(); }));
+    EXPECT_FALSE(child<QPushButton>(*window, "catalogRetry").isVisible());
+    click(*window, "catalogRefresh");
+    EXPECT_TRUE(waitFor([&] { return child<QPushButton>(*window, "catalogRetry").isVisible(); }));
     EXPECT_EQ(listedNames(*window).size(), 4);
 }
 
@@ -205,7 +191,7 @@ TEST_F(CatalogTest, ShowsAWaterfallOfSizes)
     putPreview("Un");
     const auto window = open();
     state().viewMode = ViewMode::waterfall;
-    auto &list = find<QListView>(*window, "catalogList");
+    auto &list = child<QListView>(*window, "catalogList");
     const BrowserLayout layout({.mode = BrowserLayout::Mode::waterfall, .width = list.viewport()->width(), .count = 1});
     ASSERT_TRUE(waitFor([&] { return list.gridSize().height() == layout.cellSize().height(); }));
     EXPECT_TRUE(waitFor([&] { return window->isPainted(); }));
@@ -228,11 +214,11 @@ TEST_F(CatalogTest, ComparesWithTheUsersOwn)
     const auto window = open();
     const std::string own = state().families().front()->name;
     state().googleSelectedFamily = "Un";
-    EXPECT_TRUE(waitFor([&] { return find<QPushButton>(*window, "catalogCompare").isVisible(); }));
-    m_program->workspace.addToComparison({own});
-    QTest::mouseClick(&find<QPushButton>(*window, "catalogCompare"), Qt::LeftButton);
+    EXPECT_TRUE(waitFor([&] { return child<QPushButton>(*window, "catalogCompare").isVisible(); }));
+    workspace().addToComparison({own});
+    click(*window, "catalogCompare");
     EXPECT_THAT(state().comparisonSet.value(), ElementsAre(own, "Un"));
-    EXPECT_TRUE(waitFor([&] { return m_program->workspace.comparedFace("Un") != nullptr; }));
+    EXPECT_TRUE(waitFor([&] { return workspace().comparedFace("Un") != nullptr; }));
     state().viewMode = ViewMode::compare;
     EXPECT_TRUE(waitFor([&] { return window->isPainted(); }));
 }

@@ -13,9 +13,6 @@
 namespace kerlune {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-
 TEST(ComparisonMeasures, SaysHowALineDiffersFromTheFirst)
 {
     EXPECT_EQ(shareOfEm(0.524).toStdString(), "52 %");
@@ -48,17 +45,16 @@ class ComparisonTest : public WindowHome {
 protected:
     ComparisonTest()
     {
-        for (const char *font : {"i-sans.ttf", "i-slab.ttf", "i-short.ttf", "i-tall.ttf"})
-            put(std::string("data/fonts/") + font, font);
+        offer({"i-sans.ttf", "i-slab.ttf", "i-short.ttf", "i-tall.ttf"});
         m_program = openLoaded();
-        m_pane = std::make_unique<BrowserPane>(m_program->workspace);
+        m_pane = std::make_unique<BrowserPane>(workspace());
         m_pane->resize(800, 480);
         m_pane->show();
         m_view = m_pane->findChild<ComparisonView *>();
-        m_program->workspace.compare({"Essai Alpha", "Essai Beta", "Essai Delta", "Essai Zeta"});
+        workspace().compare({"Essai Alpha", "Essai Beta", "Essai Delta", "Essai Zeta"});
     }
 
-    const std::vector<std::string> &order() const { return m_program->state.comparisonSet.value(); }
+    const std::vector<std::string> &order() const { return state().comparisonSet.value(); }
     std::vector<ComparisonRow *> rows() const // from top to bottom
     {
         std::vector<ComparisonRow *> all;
@@ -70,7 +66,6 @@ protected:
         return all;
     }
 
-    std::unique_ptr<Program> m_program;
     std::unique_ptr<BrowserPane> m_pane;
     ComparisonView *m_view = nullptr;
 };
@@ -81,7 +76,7 @@ TEST_F(ComparisonTest, IsReorderedAndEmptiedByKeys)
     QTest::keyClick(m_view, Qt::Key_Down, Qt::ControlModifier);
     EXPECT_THAT(order(), ElementsAre("Essai Beta", "Essai Alpha", "Essai Delta", "Essai Zeta"));
     QTest::keyClick(m_view, Qt::Key_End);
-    EXPECT_EQ(m_program->state.selectedFamily.value(), "Essai Zeta");
+    EXPECT_EQ(state().selectedFamily.value(), "Essai Zeta");
     QTest::keyClick(m_view, Qt::Key_Up, Qt::ControlModifier);
     EXPECT_THAT(order(), ElementsAre("Essai Beta", "Essai Alpha", "Essai Zeta", "Essai Delta"));
     QTest::keyClick(m_view, Qt::Key_Delete);
@@ -98,9 +93,9 @@ TEST_F(ComparisonTest, IsReorderedAndEmptiedByKeys)
 
 TEST_F(ComparisonTest, IsReorderedByButtonsAndByDragging)
 {
-    QTest::mouseClick(rows()[3]->findChild<QToolButton *>(QStringLiteral("moveUp")), Qt::LeftButton);
+    click(*rows()[3], "moveUp");
     EXPECT_THAT(order(), ElementsAre("Essai Alpha", "Essai Beta", "Essai Zeta", "Essai Delta"));
-    QTest::mouseClick(rows()[1]->findChild<QToolButton *>(QStringLiteral("remove")), Qt::LeftButton);
+    click(*rows()[1], "remove");
     EXPECT_THAT(order(), ElementsAre("Essai Alpha", "Essai Zeta", "Essai Delta"));
     EXPECT_FALSE(rows()[0]->findChild<QToolButton *>(QStringLiteral("moveUp"))->isEnabled());
 
@@ -121,9 +116,7 @@ TEST_F(ComparisonTest, ShowsTheValuesOfTheFirstAndTheDifferencesOfTheOthers)
     const auto valueOf = [&](std::size_t row, ComparisonRow::Column column) {
         return rows()[row]->content().values[column];
     };
-    const auto ratio = [&](const char *family) {
-        return m_program->state.family(family)->representative()->capHeightRatio;
-    };
+    const auto ratio = [&](const char *family) { return state().family(family)->representative()->capHeightRatio; };
     EXPECT_EQ(valueOf(0, ComparisonRow::CapHeight).text, shareOfEm(ratio("Essai Alpha")));
     EXPECT_EQ(valueOf(3, ComparisonRow::CapHeight).text, differenceOfShares(ratio("Essai Zeta"), ratio("Essai Alpha")));
     EXPECT_EQ(valueOf(3, ComparisonRow::CapHeight).detail, shareOfEm(ratio("Essai Zeta")));

@@ -16,9 +16,6 @@
 namespace kerlune {
 namespace {
 
-using testing::ElementsAre;
-using testing::SizeIs;
-
 class FilterBarTest : public WindowHome {
 protected:
     void start()
@@ -28,12 +25,6 @@ protected:
         resize(1'200);
         m_bar->show();
         m_bar->activateWindow();
-    }
-
-    ~FilterBarTest() override
-    {
-        m_bar.reset();
-        m_program.reset();
     }
 
     void resize(int width)
@@ -51,24 +42,19 @@ protected:
         return width;
     }
 
-    AppState &state() { return m_program->state; }
     const Filters &filters() { return state().filters.value(); }
     template <typename Widget>
-    Widget &find(const QString &name)
+    Widget &find(const std::string &name)
     {
-        return *m_bar->findChild<Widget *>(name);
+        return child<Widget>(*m_bar, name.c_str());
     }
-    FilterChip &chip(FilterKind kind)
-    {
-        return find<FilterChip>(QStringLiteral("filter%1").arg(static_cast<int>(kind)));
-    }
-    void click(QWidget &widget) { QTest::mouseClick(&widget, Qt::LeftButton); }
-    void unset(FilterKind kind) { click(find<QToolButton>(QStringLiteral("unset%1").arg(static_cast<int>(kind)))); }
+    FilterChip &chip(FilterKind kind) { return find<FilterChip>("filter" + std::to_string(static_cast<int>(kind))); }
+    void unset(FilterKind kind) { click(find<QToolButton>("unset" + std::to_string(static_cast<int>(kind)))); }
 
     FilterPopup &popup(FilterKind kind)
     {
         QTest::keyClick(&chip(kind), Qt::Key_Return);
-        return find<FilterPopup>(QStringLiteral("filterPopup"));
+        return find<FilterPopup>("filterPopup");
     }
     void close(FilterPopup &popup)
     {
@@ -94,7 +80,6 @@ protected:
         return kinds;
     }
 
-    std::unique_ptr<Program> m_program;
     std::unique_ptr<FilterBar> m_bar;
 };
 
@@ -112,7 +97,7 @@ TEST_F(FilterBarTest, SwitchesByAClick)
 TEST_F(FilterBarTest, ChoosesInPopups)
 {
     start();
-    m_program->workspace.commands().setTag("web & <b>co</b>", {"A"}, true);
+    workspace().commands().setTag("web & <b>co</b>", {"A"}, true);
     FilterPopup *open = &popup(FilterKind::classes);
     tick(*open, QStringLiteral("Serif"));
     tick(*open, QStringLiteral("Slab"));
@@ -193,7 +178,7 @@ TEST_F(FilterBarTest, StaysInOneRow)
                                      FilterKind::variable, FilterKind::color, FilterKind::italic, FilterKind::tags));
     const Filters twoSet{.riskyLicenseOnly = true, .requiredGlyphs = "é"}; // hidden before, now what matters
     state().filters = twoSet;
-    const int buttons = m_bar->width() - find<QPushButton>(QStringLiteral("saveSmart")).x();
+    const int buttons = m_bar->width() - find<QPushButton>("saveSmart").x();
     resize(widthOf({FilterKind::riskyLicense, FilterKind::glyphs}) + buttons);
     EXPECT_THAT(chips(), ElementsAre(FilterKind::riskyLicense, FilterKind::glyphs));
     resize(widthOf({FilterKind::riskyLicense}) + buttons); // none that is not set takes the place of the other one
@@ -206,11 +191,10 @@ TEST_F(FilterBarTest, StaysInOneRow)
         EXPECT_GE(chip(kind).x(), end);
         end = chip(kind).geometry().right();
     }
-    EXPECT_LE(end, find<QToolButton>(QStringLiteral("moreFilters")).x());
-    EXPECT_LE(find<QToolButton>(QStringLiteral("moreFilters")).geometry().right(),
-              find<QPushButton>(QStringLiteral("saveSmart")).x());
+    EXPECT_LE(end, find<QToolButton>("moreFilters").x());
+    EXPECT_LE(find<QToolButton>("moreFilters").geometry().right(), find<QPushButton>("saveSmart").x());
 
-    click(find<QToolButton>(QStringLiteral("moreFilters")));
+    click(find<QToolButton>("moreFilters"));
     auto *menu = m_bar->findChild<QMenu *>(QStringLiteral("moreFiltersMenu"));
     ASSERT_NE(menu, nullptr);
     for (QAction *action : menu->actions()) {
@@ -224,12 +208,12 @@ TEST_F(FilterBarTest, StaysInOneRow)
 TEST_F(FilterBarTest, SavesAndUpdatesSmartCollections)
 {
     start();
-    EXPECT_TRUE(find<QPushButton>(QStringLiteral("saveSmart")).isHidden());
+    EXPECT_TRUE(find<QPushButton>("saveSmart").isHidden());
     m_bar->saveAsSmartCollection(); // of nothing
     EXPECT_EQ(m_bar->findChild<QLineEdit *>(QStringLiteral("smartName")), nullptr);
 
     click(chip(FilterKind::variable));
-    click(find<QPushButton>(QStringLiteral("saveSmart")));
+    click(find<QPushButton>("saveSmart"));
     auto *name = m_bar->findChild<QLineEdit *>(QStringLiteral("smartName"));
     ASSERT_NE(name, nullptr);
     name->insert(QStringLiteral("À régler")); // what a keyboard has no single keys for
@@ -240,9 +224,9 @@ TEST_F(FilterBarTest, SavesAndUpdatesSmartCollections)
     EXPECT_EQ(state().sidebarSelection.value().kind, SidebarSelection::Kind::smart);
 
     click(chip(FilterKind::color));
-    click(find<QPushButton>(QStringLiteral("updateSmart")));
+    click(find<QPushButton>("updateSmart"));
     EXPECT_EQ(state().smartCollections().front().filters, Filters{.onlyColor = true});
-    click(find<QPushButton>(QStringLiteral("clearFilters")));
+    click(find<QPushButton>("clearFilters"));
     EXPECT_EQ(filters(), Filters());
 }
 

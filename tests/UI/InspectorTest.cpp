@@ -18,52 +18,35 @@
 namespace kerlune {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::SizeIs;
-
 class InspectorTest : public WindowHome {
 protected:
     // With the fonts of the home's "Polices" watched.
     void open()
     {
-        m_program = std::make_unique<Program>(*this);
-        m_program->workspace.commands().addFolders({QString::fromStdString(m_home / "Polices")});
-        ASSERT_TRUE(wait([&] { return m_program->workspace.commands().work.value().isEmpty(); }));
-        m_program->load();
+        m_program = openWatching();
         m_inspector = std::make_unique<Inspector>(m_program->workspace);
         m_inspector->resize(300, 900);
         m_inspector->show();
     }
 
-    void TearDown() override
-    {
-        m_inspector.reset();
-        m_program.reset();
-    }
-
-    static bool wait(const std::function<bool()> &condition) { return waitFor(condition); }
-
     // Selects the family, and waits until the inspector shows it.
     void select(const std::string &family)
     {
-        m_program->workspace.select({family});
-        EXPECT_TRUE(wait([&] { return text("familyName") == QString::fromStdString(family); }));
+        workspace().select({family});
+        EXPECT_TRUE(waitFor([&] { return text("familyName") == QString::fromStdString(family); }));
     }
 
     template <typename Widget>
     Widget *find(const char *name) const
     {
-        auto *const widget = m_inspector->findChild<Widget *>(QLatin1String(name));
-        EXPECT_NE(widget, nullptr) << name;
-        return widget;
+        return &child<Widget>(*m_inspector, name);
     }
 
     // A control that is made when the font has been read.
     template <typename Widget>
     Widget *await(const char *name) const
     {
-        EXPECT_TRUE(wait([&] { return m_inspector->findChild<Widget *>(QLatin1String(name)) != nullptr; })) << name;
+        EXPECT_TRUE(waitFor([&] { return m_inspector->findChild<Widget *>(QLatin1String(name)) != nullptr; })) << name;
         return find<Widget>(name);
     }
 
@@ -73,11 +56,9 @@ protected:
         return found == nullptr || !found->isVisible() ? QString() : found->text();
     }
 
-    void click(const char *button) const { QTest::mouseClick(find<QAbstractButton>(button), Qt::LeftButton); }
+    void click(const char *button) const { WindowHome::click(*m_inspector, button); }
     static QString clipboard() { return QGuiApplication::clipboard()->text(); }
-    Workspace &workspace() const { return m_program->workspace; }
 
-    std::unique_ptr<Program> m_program;
     std::unique_ptr<Inspector> m_inspector;
 };
 
@@ -94,12 +75,12 @@ TEST_F(InspectorTest, FollowsTheSelection)
     const int bold = styles->findText(QStringLiteral("Bold"));
     styles->setCurrentIndex(bold);
     Q_EMIT styles->activated(bold);
-    EXPECT_EQ(workspace().state().selectedFace.value(), "EssaiVariable-Gras");
+    EXPECT_EQ(state().selectedFace.value(), "EssaiVariable-Gras");
 
     // Its files go: the inspector lets go of it.
-    std::filesystem::remove(m_home / "Polices/variable.ttf");
-    QCoro::waitFor(workspace().state().rebuildIndex());
-    EXPECT_TRUE(wait([&] { return text("familyName").isEmpty(); }));
+    fs::remove(m_home / "Polices/variable.ttf");
+    QCoro::waitFor(state().rebuildIndex());
+    EXPECT_TRUE(waitFor([&] { return text("familyName").isEmpty(); }));
 }
 
 TEST_F(InspectorTest, ActivatesAndStarsByClick)
@@ -108,20 +89,20 @@ TEST_F(InspectorTest, ActivatesAndStarsByClick)
     open();
     select("Essai Plain");
     click("toggleActivation");
-    EXPECT_TRUE(wait([&] { return linked().size() == 1 && text("activationState") == QStringLiteral("Active"); }));
+    EXPECT_TRUE(waitFor([&] { return linked().size() == 1 && text("activationState") == QStringLiteral("Active"); }));
     click("toggleActivation");
-    EXPECT_TRUE(wait([&] { return linked().empty() && text("activationState") == QStringLiteral("Inactive"); }));
+    EXPECT_TRUE(waitFor([&] { return linked().empty() && text("activationState") == QStringLiteral("Inactive"); }));
     click("favorite");
-    EXPECT_THAT(workspace().state().favorites(), ElementsAre("Essai Plain"));
+    EXPECT_THAT(state().favorites(), ElementsAre("Essai Plain"));
     workspace().undoStack().undo();
-    EXPECT_TRUE(wait([&] { return !find<QToolButton>("favorite")->isChecked(); }));
+    EXPECT_TRUE(waitFor([&] { return !find<QToolButton>("favorite")->isChecked(); }));
 }
 
 TEST_F(InspectorTest, CopiesAndTags)
 {
     put("Polices/plain.ttf");
     open();
-    workspace().commands().setTag("web", {"Essai Plain"}, true);
+    commands().setTag("web", {"Essai Plain"}, true);
     select("Essai Plain");
     click("copyPostScriptName");
     EXPECT_EQ(clipboard(), QStringLiteral("EssaiPlain-Regular"));
@@ -130,9 +111,9 @@ TEST_F(InspectorTest, CopiesAndTags)
     const auto tags = [&] { return find<QWidget>("tags")->findChildren<QToolButton *>(); };
     ASSERT_THAT(tags(), SizeIs(2)); // × and +
     QTest::mouseClick(tags().back(), Qt::LeftButton);
-    EXPECT_THAT(workspace().state().tags("Essai Plain"), IsEmpty());
+    EXPECT_THAT(state().tags("Essai Plain"), IsEmpty());
     QTest::mouseClick(tags().front(), Qt::LeftButton);
-    EXPECT_THAT(workspace().state().tagPromptFamilies.value().value(), ElementsAre("Essai Plain"));
+    EXPECT_THAT(state().tagPromptFamilies.value().value(), ElementsAre("Essai Plain"));
 }
 
 TEST_F(InspectorTest, ChoosesAStyleInItsList)
@@ -143,12 +124,12 @@ TEST_F(InspectorTest, ChoosesAStyleInItsList)
     click("stylesTab");
     auto *const list = find<QListView>("styles");
     ASSERT_EQ(list->model()->rowCount(), 4);
-    EXPECT_FALSE(workspace().state().selectedFace.value()) << "showing the styles chooses none";
+    EXPECT_FALSE(state().selectedFace.value()) << "showing the styles chooses none";
     list->setFocus();
     QTest::keyClick(list, Qt::Key_End);
-    ASSERT_TRUE(workspace().state().selectedFace.value());
+    ASSERT_TRUE(state().selectedFace.value());
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(list->model()->index(0, 0)).center());
-    EXPECT_TRUE(wait([&] {
+    EXPECT_TRUE(waitFor([&] {
         return find<QComboBox>("styleChooser")->currentText() == list->model()->index(0, 0).data().toString();
     }));
 }
@@ -218,18 +199,18 @@ TEST_F(InspectorTest, SearchesAndCopiesCharacters)
     select("Essai Plain");
     m_inspector->showPanel(Workspace::Panel::glyphs);
     auto *const grid = find<GlyphGrid>("glyphGrid");
-    ASSERT_TRUE(wait([&] { return grid->entries().size() == 69; }));
+    ASSERT_TRUE(waitFor([&] { return grid->entries().size() == 69; }));
     EXPECT_EQ(find<QComboBox>("glyphBlocks")->itemText(1), QStringLiteral("Latin de base (69)"));
     const auto searchFor = [&](const char *query, std::size_t count) {
         auto *const field = find<QLineEdit>("glyphSearch");
         field->clear();
         QTest::keyClicks(field, QLatin1String(query));
-        EXPECT_TRUE(wait([&] { return grid->entries().size() == count; })) << query;
+        EXPECT_TRUE(waitFor([&] { return grid->entries().size() == count; })) << query;
     };
     searchFor("question mark", 1);
     EXPECT_EQ(text("characterName"), QStringLiteral("QUESTION MARK"));
     searchFor("U+0042", 1);
-    EXPECT_TRUE(wait([&] { return text("characterName") == QStringLiteral("LATIN CAPITAL LETTER B"); }));
+    EXPECT_TRUE(waitFor([&] { return text("characterName") == QStringLiteral("LATIN CAPITAL LETTER B"); }));
     click("copyCharacter");
     EXPECT_EQ(clipboard(), QStringLiteral("B"));
     searchFor("nothing like that", 0);
@@ -252,16 +233,16 @@ TEST_F(InspectorTest, OffersWhatSeveralFamiliesCanHave)
     put("Polices/variable.ttf", "variable.ttf");
     open();
     workspace().select({"Essai Plain", "Essai Variable"});
-    EXPECT_TRUE(wait([&] { return text("selectionCount") == QStringLiteral("2 familles sélectionnées"); }));
+    EXPECT_TRUE(waitFor([&] { return text("selectionCount") == QStringLiteral("2 familles sélectionnées"); }));
     click("favoriteAll");
-    EXPECT_THAT(workspace().state().favorites(), ElementsAre("Essai Plain", "Essai Variable"));
+    EXPECT_THAT(state().favorites(), ElementsAre("Essai Plain", "Essai Variable"));
     click("tagAll");
-    EXPECT_THAT(workspace().state().tagPromptFamilies.value().value(), SizeIs(2));
+    EXPECT_THAT(state().tagPromptFamilies.value().value(), SizeIs(2));
     click("activateAll");
-    EXPECT_TRUE(wait([&] { return linked().size() == 2; }));
+    EXPECT_TRUE(waitFor([&] { return linked().size() == 2; }));
     click("compareAll");
-    EXPECT_EQ(workspace().state().viewMode.value(), ViewMode::compare);
-    EXPECT_THAT(workspace().state().comparisonSet.value(), ElementsAre("Essai Plain", "Essai Variable"));
+    EXPECT_EQ(state().viewMode.value(), ViewMode::compare);
+    EXPECT_THAT(state().comparisonSet.value(), ElementsAre("Essai Plain", "Essai Variable"));
     select("Essai Plain");
 }
 

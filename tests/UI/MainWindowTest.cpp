@@ -12,89 +12,72 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocalServer>
-#include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QThread>
-#include <QToolButton>
 
 namespace kerlune {
 namespace {
 
-using testing::Contains;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::SizeIs;
-
 class MainWindowTest : public WindowHome {
 protected:
-    struct Opened {
-        explicit Opened(std::unique_ptr<Program> itsProgram)
-            : program(std::move(itsProgram))
-            , window(program->workspace)
-        {
-            window.present();
-            EXPECT_TRUE(QTest::qWaitForWindowActive(&window, 60'000));
-        }
+    MainWindowTest() { offer({"plain.ttf", "italic.ttf"}); }
 
-        std::unique_ptr<Program> program;
-        MainWindow window;
-    };
-
-    std::unique_ptr<Opened> openWindow() const { return std::make_unique<Opened>(openLoaded()); }
-
-    // Families "Plain" and the like, as the test fonts name themselves.
-    void putTwoFamilies() const
+    // In place of the one that was open.
+    void open(std::unique_ptr<Program> program)
     {
-        put("data/fonts/plain.ttf");
-        put("data/fonts/italic.ttf", "italic.ttf");
+        m_window.reset();
+        m_program = std::move(program);
+        m_window = std::make_unique<MainWindow>(workspace());
+        m_window->present();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(m_window.get(), 60'000));
     }
+    void open() { open(openLoaded()); }
 
-    static std::string textOf(const QWidget &window, const char *label)
+    template <typename Child>
+    Child &find(const char *name) const
     {
-        const auto *found = window.findChild<QLabel *>(QLatin1String(label));
-        return found == nullptr ? std::string() : found->text().toStdString();
+        return child<Child>(*m_window, name);
     }
+    std::string textOf(const char *label) const { return find<QLabel>(label).text().toStdString(); }
+    void press(Qt::Key key) const { QTest::keyClick(m_window.get(), key, Qt::ControlModifier); }
 
-    static QPushButton *buttonWith(const QWidget &window, const QString &text)
+    QPushButton *buttonWith(const QString &text) const
     {
-        for (auto *button : window.findChildren<QPushButton *>()) {
+        for (auto *button : m_window->findChildren<QPushButton *>()) {
             if (button->text().contains(text) && button->isVisible())
                 return button;
         }
         return nullptr;
     }
 
-    static std::vector<std::string> menuTitles(const MainWindow &window)
+    std::vector<std::string> menuTitles() const
     {
         std::vector<std::string> titles;
-        for (const QAction *action : window.menuBar()->actions())
+        for (const QAction *action : m_window->menuBar()->actions())
             titles.push_back(action->text().remove(u'&').toStdString());
         return titles;
     }
+
+    std::unique_ptr<MainWindow> m_window;
 };
 
 TEST_F(MainWindowTest, OffersToLiftTheFilterThatLeavesNothing)
 {
-    putTwoFamilies();
-    const auto opened = openWindow();
-    AppState &state = opened->program->state;
-    ASSERT_FALSE(state.families().empty());
-    state.filters =
-        Filters{.search = "rien de tel", .classes = {state.families().front()->representative()->classification}};
-    ASSERT_TRUE(waitFor([&] { return buttonWith(opened->window, QStringLiteral("rien de tel")) != nullptr; }));
-    const auto &page = *opened->window.findChild<QWidget *>(QStringLiteral("messagePage"));
-    EXPECT_EQ(textOf(page, "messageTitle"), "Aucune police ne correspond");
+    open();
+    ASSERT_FALSE(state().families().empty());
+    const FontClass itsClass = state().families().front()->representative()->classification;
+    state().filters = Filters{.search = "rien de tel", .classes = {itsClass}};
+    const auto lift = [&] { return buttonWith(QStringLiteral("rien de tel")); };
+    ASSERT_TRUE(waitFor([&] { return lift() != nullptr; }));
+    const auto &page = find<QWidget>("messagePage");
+    EXPECT_EQ(child<QLabel>(page, "messageTitle").text().toStdString(), "Aucune police ne correspond");
     // The number of families that come back is counted afterwards.
-    ASSERT_TRUE(waitFor([&] {
-        const QPushButton *lift = buttonWith(opened->window, QStringLiteral("rien de tel"));
-        return lift != nullptr && lift->text().contains(QStringLiteral(" · "));
-    }));
-    QTest::mouseClick(buttonWith(opened->window, QStringLiteral("rien de tel")), Qt::LeftButton);
-    EXPECT_EQ(state.filters.value().search, "");
-    EXPECT_THAT(state.filters.value().classes, SizeIs(1));
+    ASSERT_TRUE(waitFor([&] { return lift() != nullptr && lift()->text().contains(QStringLiteral(" · ")); }));
+    click(*lift());
+    EXPECT_EQ(state().filters.value().search, "");
+    EXPECT_THAT(state().filters.value().classes, SizeIs(1));
     ASSERT_TRUE(waitFor([&] { return !page.isVisible(); }));
 }
 
@@ -117,126 +100,103 @@ TEST_F(MainWindowTest, NamesEachCriterionAndLiftsItAlone)
 
 TEST_F(MainWindowTest, TakesBackFromTheMenuWhatAShortcutDid)
 {
-    putTwoFamilies();
-    const auto opened = openWindow();
-    AppState &state = opened->program->state;
-    const std::string family = state.families().front()->name;
-    opened->program->workspace.select({family});
-    const auto *favorite = opened->window.findChild<QAction *>(QStringLiteral("favorite"));
-    ASSERT_TRUE(waitFor([&] { return favorite->isEnabled(); }));
-    QTest::keyClick(&opened->window, Qt::Key_B, Qt::ControlModifier);
-    EXPECT_THAT(state.favorites(), ElementsAre(family));
-    auto *undo = opened->window.findChild<QAction *>(QStringLiteral("undo"));
-    EXPECT_THAT(undo->text().toStdString(), HasSubstr("Ajouter aux favoris"));
-    undo->trigger();
-    EXPECT_THAT(state.favorites(), IsEmpty());
-    EXPECT_FALSE(undo->isEnabled());
+    open();
+    const std::string family = state().families().front()->name;
+    workspace().select({family});
+    ASSERT_TRUE(waitFor([&] { return find<QAction>("favorite").isEnabled(); }));
+    press(Qt::Key_B);
+    EXPECT_THAT(state().favorites(), ElementsAre(family));
+    auto &undo = find<QAction>("undo");
+    EXPECT_THAT(undo.text().toStdString(), HasSubstr("Ajouter aux favoris"));
+    undo.trigger();
+    EXPECT_THAT(state().favorites(), IsEmpty());
+    EXPECT_FALSE(undo.isEnabled());
 }
 
 TEST_F(MainWindowTest, SwitchesViewsByDigitsAndByTheKeysOfAFrenchKeyboard)
 {
-    putTwoFamilies();
-    const auto opened = openWindow();
-    AppState &state = opened->program->state;
+    open();
     const std::tuple<Qt::Key, ViewMode> cases[]{
         {Qt::Key_2, ViewMode::list}, {Qt::Key_Ampersand, ViewMode::grid}, {Qt::Key_QuoteDbl, ViewMode::waterfall},
         {Qt::Key_1, ViewMode::grid}, {Qt::Key_Eacute, ViewMode::list},    {Qt::Key_3, ViewMode::waterfall}};
     for (const auto &[key, mode] : cases) {
-        QTest::keyClick(&opened->window, key, Qt::ControlModifier);
-        EXPECT_EQ(state.viewMode.value(), mode) << static_cast<int>(key);
+        press(key);
+        EXPECT_EQ(state().viewMode.value(), mode) << static_cast<int>(key);
     }
 }
 
 TEST_F(MainWindowTest, IsAsItWasLeft)
 {
-    putTwoFamilies();
-    {
-        const auto opened = openWindow();
-        opened->window.resize(1100, 700);
-        opened->program->state.viewMode = ViewMode::waterfall;
-        opened->program->state.sidebarSelection = SidebarSelection{.kind = SidebarSelection::Kind::favorites};
-        QTest::keyClick(&opened->window, Qt::Key_I, Qt::ControlModifier);
-        opened->window.close();
-    }
-    {
-        const auto early = std::make_unique<Opened>(std::make_unique<Program>(*this));
-        early->program->state.sidebarSelection = SidebarSelection{.kind = SidebarSelection::Kind::color};
-        early->window.close(); // before anything was loaded
-    }
-    const auto opened = openWindow();
-    EXPECT_EQ(opened->program->state.viewMode.value(), ViewMode::waterfall);
-    EXPECT_EQ(opened->program->state.sidebarSelection.value().kind, SidebarSelection::Kind::favorites);
-    EXPECT_FALSE(opened->window.findChild<Inspector *>()->isVisible());
-}
+    open();
+    m_window->resize(1100, 700);
+    state().viewMode = ViewMode::waterfall;
+    state().sidebarSelection = SidebarSelection{.kind = SidebarSelection::Kind::favorites};
+    press(Qt::Key_I);
+    m_window->close();
+    open(std::make_unique<Program>(*this));
+    state().sidebarSelection = SidebarSelection{.kind = SidebarSelection::Kind::color};
+    m_window->close(); // before anything was loaded
+    open();
+    EXPECT_EQ(state().viewMode.value(), ViewMode::waterfall);
+    EXPECT_EQ(state().sidebarSelection.value().kind, SidebarSelection::Kind::favorites);
+    EXPECT_FALSE(m_window->findChild<Inspector *>()->isVisible());
 
-TEST_F(MainWindowTest, FallsBackToAllWhenWhatWasSelectedIsGone)
-{
-    putTwoFamilies();
-    {
-        const auto opened = openWindow();
-        const auto id = opened->program->workspace.commands().createCollection("Affiche");
-        ASSERT_TRUE(id);
-        opened->program->state.sidebarSelection =
-            SidebarSelection{.kind = SidebarSelection::Kind::collection, .key = *id};
-        opened->window.close();
-        opened->program->workspace.commands().deleteCollection(*id);
-    }
-    EXPECT_EQ(openWindow()->program->state.sidebarSelection.value(), SidebarSelection());
+    // What was selected may have gone meanwhile.
+    const auto id = commands().createCollection("Affiche");
+    ASSERT_TRUE(id);
+    state().sidebarSelection = SidebarSelection{.kind = SidebarSelection::Kind::collection, .key = *id};
+    m_window->close();
+    commands().deleteCollection(*id);
+    open();
+    EXPECT_EQ(state().sidebarSelection.value(), SidebarSelection());
 }
 
 TEST_F(MainWindowTest, SpeaksAnotherLanguageAtOnce)
 {
-    putTwoFamilies();
-    const auto opened = openWindow();
-    opened->program->preferences.language = InterfaceLanguage::french;
-    const Language language(opened->program->preferences);
-    EXPECT_THAT(menuTitles(opened->window), Contains("Fichier"));
-    opened->program->preferences.language = InterfaceLanguage::english;
-    ASSERT_TRUE(waitFor([&] { return menuTitles(opened->window).front() != "Fichier"; }));
-    EXPECT_THAT(menuTitles(opened->window), Contains("File"));
-    opened->program->preferences.language = InterfaceLanguage::french;
-    ASSERT_TRUE(waitFor([&] { return menuTitles(opened->window).front() == "Fichier"; }));
+    open();
+    auto &chosen = m_program->preferences.language;
+    chosen = InterfaceLanguage::french;
+    const Language language(m_program->preferences);
+    EXPECT_THAT(menuTitles(), Contains("Fichier"));
+    chosen = InterfaceLanguage::english;
+    ASSERT_TRUE(waitFor([&] { return menuTitles().front() != "Fichier"; }));
+    EXPECT_THAT(menuTitles(), Contains("File"));
+    chosen = InterfaceLanguage::french;
+    ASSERT_TRUE(waitFor([&] { return menuTitles().front() == "Fichier"; }));
 }
 
 TEST_F(MainWindowTest, WelcomesUntilItIsDismissed)
 {
-    putTwoFamilies();
-    {
-        const auto opened = openWindow();
-        auto *banner = opened->window.findChild<QWidget *>(QStringLiteral("welcomeBanner"));
-        ASSERT_TRUE(waitFor([&] { return banner->isVisible(); }));
-        const QSignalSpy folderWanted(&opened->program->workspace, &Workspace::addFolderWanted);
-        QTest::mouseClick(opened->window.findChild<QToolButton *>(QStringLiteral("welcomeClose")), Qt::LeftButton);
-        EXPECT_FALSE(banner->isVisible());
-        EXPECT_EQ(folderWanted.count(), 0);
-    }
-    const auto opened = openWindow();
-    ASSERT_TRUE(waitFor([&] { return opened->window.isPainted(); }));
-    EXPECT_FALSE(opened->window.findChild<QWidget *>(QStringLiteral("welcomeBanner"))->isVisible());
+    open();
+    ASSERT_TRUE(waitFor([&] { return find<QWidget>("welcomeBanner").isVisible(); }));
+    const QSignalSpy folderWanted(&workspace(), &Workspace::addFolderWanted);
+    click(*m_window, "welcomeClose");
+    EXPECT_FALSE(find<QWidget>("welcomeBanner").isVisible());
+    EXPECT_EQ(folderWanted.count(), 0);
+    open();
+    ASSERT_TRUE(waitFor([&] { return m_window->isPainted(); }));
+    EXPECT_FALSE(find<QWidget>("welcomeBanner").isVisible());
 }
 
-TEST_F(MainWindowTest, TellsNoticesWithoutShiftingWhatIsBelow)
+TEST_F(MainWindowTest, TellsNoticesUntilTheyAreClosed)
 {
-    putTwoFamilies();
-    const auto opened = openWindow();
-    opened->program->state.setNotice({"Disque plein", true});
-    auto *bar = opened->window.findChild<QWidget *>(QStringLiteral("noticeBar"));
-    EXPECT_TRUE(bar->isVisible());
-    EXPECT_EQ(textOf(opened->window, "noticeText"), "Erreur\u00A0: Disque plein");
-    QTest::mouseClick(opened->window.findChild<QToolButton *>(QStringLiteral("noticeClose")), Qt::LeftButton);
-    EXPECT_FALSE(bar->isVisible());
-    EXPECT_FALSE(opened->program->state.notice());
+    open();
+    state().setNotice({"Disque plein", true});
+    EXPECT_TRUE(find<QWidget>("noticeBar").isVisible());
+    EXPECT_EQ(textOf("noticeText"), "Erreur\u00A0: Disque plein");
+    click(*m_window, "noticeClose");
+    EXPECT_FALSE(find<QWidget>("noticeBar").isVisible());
+    EXPECT_FALSE(state().notice());
 }
 
 TEST_F(MainWindowTest, KeepsSettingsAsTheyAreMade)
 {
-    const auto opened = openWindow();
-    opened->window.showSettings();
-    auto *settings = opened->window.findChild<SettingsWindow *>();
+    open();
+    m_window->showSettings();
+    const auto *settings = m_window->findChild<SettingsWindow *>();
     ASSERT_NE(settings, nullptr);
-    settings->findChild<QLineEdit *>(QStringLiteral("customPreviewText"))->insert(QStringLiteral("Zoé"));
-    auto *appearance = settings->findChild<QComboBox *>(QStringLiteral("appearance"));
-    QTest::keyClick(appearance, Qt::Key_End);
+    child<QLineEdit>(*settings, "customPreviewText").insert(QStringLiteral("Zoé"));
+    QTest::keyClick(&child<QComboBox>(*settings, "appearance"), Qt::Key_End);
     const Preferences kept(m_directories);
     EXPECT_EQ(kept.customPreviewText.value(), QStringLiteral("Zoé"));
     EXPECT_EQ(kept.appearance.value(), Appearance::dark);
@@ -276,7 +236,7 @@ TEST_F(SingleInstanceTest, TakesOverOnlyASocketThatNobodyHears)
     SingleInstance hung(m_directories);
     ASSERT_EQ(hung.begin({}), SingleInstance::Role::First);
     // Nothing runs this thread's event loop meanwhile: it answers nothing.
-    EXPECT_EQ(SingleInstance(m_directories, std::chrono::milliseconds(50)).begin({}), SingleInstance::Role::Alone);
+    EXPECT_EQ(SingleInstance(m_directories, 50ms).begin({}), SingleInstance::Role::Alone);
     EXPECT_EQ(startAgain(m_directories, {}), SingleInstance::Role::Second) << "its socket must be as it was";
 }
 

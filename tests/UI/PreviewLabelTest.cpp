@@ -10,8 +10,6 @@
 namespace kerlune {
 namespace {
 
-using testing::HasSubstr;
-
 class PreviewLabelTest : public WindowHome {
 protected:
     PreviewLabelTest()
@@ -107,23 +105,12 @@ TEST_F(PreviewLabelTest, WritesTheSizeOfReducedTextBesideTheInk)
     }
 }
 
-class LargePreviewTest : public WindowHome {
-protected:
-    std::unique_ptr<Program> openWithFamilies() const
-    {
-        for (const char *font : {"family-9.ttf", "family-10.ttf", "plain.ttf"})
-            put(std::string("Polices/") + font, font);
-        auto program = std::make_unique<Program>(*this);
-        program->workspace.commands().addFolders({QString::fromStdString(m_home / "Polices")});
-        EXPECT_TRUE(waitFor([&] { return program->workspace.commands().work.value().isEmpty(); }));
-        program->load();
-        return program;
-    }
-};
+using LargePreviewTest = WindowHome;
 
 TEST_F(LargePreviewTest, StepsThroughTheVisibleFamiliesAndGivesTheFocusBack)
 {
-    const auto program = openWithFamilies();
+    offer({"family-9.ttf", "family-10.ttf", "plain.ttf"});
+    const auto program = openLoaded();
     AppState &state = program->state;
     const auto families = state.visibleFamilies();
     ASSERT_EQ(families.size(), 3U);
@@ -151,7 +138,7 @@ TEST_F(LargePreviewTest, StepsThroughTheVisibleFamiliesAndGivesTheFocusBack)
     QTest::keyClick(&preview, Qt::Key_Right);
     QTest::keyClick(&preview, Qt::Key_Down);
     EXPECT_EQ(state.selectedFamily.value(), families[2]->name);
-    EXPECT_THAT(program->workspace.selectedFamilies.value(), testing::ElementsAre(families[2]->name));
+    EXPECT_THAT(program->workspace.selectedFamilies.value(), ElementsAre(families[2]->name));
     EXPECT_EQ(position->text(), QStringLiteral("3 / 3"));
     EXPECT_TRUE(preview.accessibleName().contains(QStringLiteral("3 / 3")));
 

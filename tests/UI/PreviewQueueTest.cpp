@@ -6,19 +6,14 @@
 
 #include <QCoreApplication>
 #include <QSemaphore>
-#include <QSignalSpy>
 #include <QTest>
 #include <QThread>
-#include <gmock/gmock.h>
 
 #include <atomic>
 #include <mutex>
 
 namespace kerlune {
 namespace {
-
-using testing::ElementsAre;
-using testing::SizeIs;
 
 PreviewRequest requestFor(const std::string &text, double mtime = 0)
 {
@@ -163,7 +158,7 @@ TEST_F(PreviewQueueTest, DropsWhatIsNoLongerWanted)
     m_queue->setWanted(&view, requestsFor({"c", "f"}));
     gone.reset();
     finish();
-    EXPECT_THAT(begunAfter(count), testing::UnorderedElementsAre("c", "f"));
+    EXPECT_THAT(begunAfter(count), UnorderedElementsAre("c", "f"));
     EXPECT_EQ(m_queue->find(requestFor("a")), nullptr);
 }
 
@@ -194,30 +189,6 @@ TEST_F(PreviewQueueTest, WaitsForWhatIsBeingDrawnWhenItGoes)
     m_queue.reset();
     EXPECT_EQ(m_ended, begun().size());
     letting->wait();
-}
-
-TEST(PreviewQueue, TellsViewsOfRealPreviews)
-{
-    int argc = 0;
-    const QCoreApplication application(argc, nullptr);
-    PreviewQueue queue;
-    QObject view;
-    QObject other;
-    QSignalSpy ready(&queue, &PreviewQueue::previewsReady);
-    QSignalSpy idle(&queue, &PreviewQueue::idle);
-    const auto wanted = requestsFor({"a", "b", "c", "d", "e", "f"});
-    queue.setWanted(&view, wanted);
-    queue.setWanted(&other, wanted);
-    EXPECT_FALSE(queue.isIdle());
-    ASSERT_TRUE(waitFor([&] { return queue.isIdle(); }));
-    EXPECT_GT(ready.count(), 0);
-    EXPECT_GT(idle.count(), 0);
-    for (const PreviewRequest &request : wanted) {
-        const PreviewPointer preview = queue.find(request);
-        ASSERT_NE(preview, nullptr);
-        EXPECT_EQ(preview->image.size(), request.size);
-    }
-    EXPECT_GT(queue.byteCount(), 6U * 100 * 40 * 4);
 }
 
 } // namespace

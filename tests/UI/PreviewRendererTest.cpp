@@ -4,9 +4,8 @@
 #include "Platform/FontCatalog.h"
 #include "TempFolder.h"
 #include "TestFonts.h"
+#include "Testing.h"
 #include "UI/Preview/PreviewSample.h"
-
-#include <gmock/gmock.h>
 
 namespace kerlune {
 namespace {
@@ -156,7 +155,7 @@ TEST(PreviewRenderer, DrawsTheFaceThatIsNamedAtTheCoordinatesAskedFor)
     std::vector<int> widths;
     for (const FontDescriptor &font : fontsOfFile(variable).fonts)
         widths.push_back(widthOf(requestFor(recordOf(variable, font.postScriptName), "IIII")));
-    EXPECT_THAT(widths, testing::Contains(testing::Gt(plain)));
+    EXPECT_THAT(widths, Contains(testing::Gt(plain)));
 
     const auto collection = fontsOfFile(kChinese).fonts;
     ASSERT_GE(collection.size(), 2U);

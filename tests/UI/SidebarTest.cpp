@@ -18,11 +18,6 @@
 namespace kerlune {
 namespace {
 
-using testing::Contains;
-using testing::ElementsAre;
-using testing::Pair;
-using testing::SizeIs;
-using testing::UnorderedElementsAre;
 using Kind = SidebarSelection::Kind;
 
 class SidebarTest : public WindowHome {
@@ -31,10 +26,7 @@ protected:
     {
         put("Polices/a.ttf");
         put("Polices/b.ttf", "i-serif.ttf");
-        m_program = std::make_unique<Program>(*this);
-        commands().addFolders({QString::fromStdString(m_home / "Polices")});
-        EXPECT_TRUE(waitFor([&] { return commands().work.value().isEmpty(); }));
-        m_program->load();
+        m_program = openWatching();
         for (const FontFamilyPointer &family : state().families())
             m_families.push_back(family->name);
         ASSERT_GE(m_families.size(), 2U);
@@ -52,14 +44,6 @@ protected:
                                      tree()->model());
     }
 
-    ~SidebarTest() override
-    {
-        m_sidebar.reset();
-        m_program.reset();
-    }
-
-    AppState &state() { return m_program->state; }
-    LibraryCommands &commands() { return m_program->workspace.commands(); }
     QTreeView *tree() { return m_sidebar->findChild<QTreeView *>(QStringLiteral("sidebarTree")); }
     SidebarModel &model() { return *qobject_cast<SidebarModel *>(tree()->model()); }
     QLineEdit *editor() { return tree()->findChild<QLineEdit *>(QStringLiteral("sidebarNameEditor")); }
@@ -79,29 +63,39 @@ protected:
         return names;
     }
     QPoint middle(const QModelIndex &index) { return tree()->visualRect(index).center(); }
+    using WindowHome::click;
     void click(const QModelIndex &index) { QTest::mouseClick(tree()->viewport(), Qt::LeftButton, {}, middle(index)); }
     void key(Qt::Key key) { QTest::keyClick(tree(), key); }
+    // Types into the name that is edited, and ends that; the view takes the name a turn later.
+    void type(const char *text, Qt::Key last = Qt::Key_Return)
+    {
+        ASSERT_NE(editor(), nullptr);
+        QTest::keyClicks(editor(), QString::fromUtf8(text));
+        QTest::keyClick(editor(), last);
+        EXPECT_TRUE(waitFor([&] { return editor() == nullptr; }));
+    }
+    std::string firstCollection() { return state().collections().front().name; }
 
+    template <typename Event>
+    bool drag(const QPoint &position, QMimeData &data)
+    {
+        Event event(position, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(tree()->viewport(), &event);
+        return event.isAccepted();
+    }
     bool drop(const QPoint &position, QMimeData &data)
     {
-        QDragEnterEvent enter(position, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(tree()->viewport(), &enter);
-        QDragMoveEvent move(position, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(tree()->viewport(), &move);
-        if (!move.isAccepted())
-            return false;
-        QDropEvent drop(position, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(tree()->viewport(), &drop);
-        return drop.isAccepted();
+        return drag<QDragEnterEvent>(position, data) && drag<QDragMoveEvent>(position, data) &&
+               drag<QDropEvent>(position, data);
     }
-    bool dropFamilies(const QPoint &position, const std::vector<std::string> &families)
+    bool dropFamilies(const QPoint &position) { return drop(position, *draggedFamilies()); }
+    std::unique_ptr<QMimeData> draggedFamilies() const
     {
-        QMimeData data;
-        data.setData(QLatin1String(kFamiliesMimeType), encodeFamilies(families));
-        return drop(position, data);
+        auto data = std::make_unique<QMimeData>();
+        data->setData(QLatin1String(kFamiliesMimeType), encodeFamilies(m_families));
+        return data;
     }
 
-    std::unique_ptr<Program> m_program;
     std::unique_ptr<Sidebar> m_sidebar;
     std::vector<std::string> m_families;
 };
@@ -185,29 +179,18 @@ TEST_F(SidebarTest, RenamesInPlace)
     const auto id = commands().createCollection("Affiches");
     model().update();
     click(indexOf(Kind::collection, *id));
-    const auto type = [&](const QString &text, Qt::Key last) {
+    const std::tuple<const char *, Qt::Key, const char *> cases[]{{"Livres", Qt::Key_Escape, "Affiches"},
+                                                                  {"  ", Qt::Key_Return, "Affiches"},
+                                                                  {"Livres", Qt::Key_Return, "Livres"}};
+    for (const auto &[text, last, name] : cases) {
         key(Qt::Key_F2);
-        ASSERT_NE(editor(), nullptr);
-        QTest::keyClicks(editor(), text);
-        QTest::keyClick(editor(), last);
-        EXPECT_TRUE(waitFor([&] { return editor() == nullptr; }));
-    };
-    type(QStringLiteral("Livres"), Qt::Key_Escape);
-    EXPECT_EQ(state().collections().front().name, "Affiches");
-    type(QStringLiteral("  "), Qt::Key_Return);
-    EXPECT_EQ(state().collections().front().name, "Affiches");
-    type(QStringLiteral("Livres"), Qt::Key_Return);
-    EXPECT_EQ(state().collections().front().name, "Livres");
-    m_program->workspace.undoStack().undo();
-    EXPECT_EQ(state().collections().front().name, "Affiches");
-}
+        type(text, last);
+        EXPECT_EQ(firstCollection(), name);
+    }
+    workspace().undoStack().undo();
+    EXPECT_EQ(firstCollection(), "Affiches");
 
-TEST_F(SidebarTest, KeepsWhatIsTypedWhileNumbersChange)
-{
-    start();
-    const auto id = commands().createCollection("Affiches");
-    model().update();
-    click(indexOf(Kind::collection, *id));
+    // What is typed stays while numbers change.
     key(Qt::Key_F2);
     ASSERT_NE(editor(), nullptr);
     QTest::keyClicks(editor(), QStringLiteral("Liv"));
@@ -217,10 +200,8 @@ TEST_F(SidebarTest, KeepsWhatIsTypedWhileNumbersChange)
     EXPECT_EQ(count(Kind::collection, *id), 2);
     ASSERT_NE(editor(), nullptr);
     EXPECT_EQ(editor()->text(), QStringLiteral("Liv"));
-    QTest::keyClicks(editor(), QStringLiteral("res"));
-    QTest::keyClick(editor(), Qt::Key_Return);
-    EXPECT_TRUE(waitFor([&] { return editor() == nullptr; })); // the view takes the name a turn later
-    EXPECT_EQ(state().collections().front().name, "Livres");
+    type("res");
+    EXPECT_EQ(firstCollection(), "Livres");
 }
 
 TEST_F(SidebarTest, JoinsATagThatTakesTheNameOfAnother)
@@ -232,7 +213,7 @@ TEST_F(SidebarTest, JoinsATagThatTakesTheNameOfAnother)
     EXPECT_TRUE(model().setData(indexOf(Kind::tag, "print"), QStringLiteral("web"), Qt::EditRole));
     EXPECT_THAT(state().allTags(), ElementsAre(Pair("web", 2)));
     EXPECT_TRUE(state().notice());
-    m_program->workspace.undoStack().undo();
+    workspace().undoStack().undo();
     EXPECT_THAT(state().allTags(), ElementsAre(Pair("print", 1), Pair("web", 1)));
 }
 
@@ -253,8 +234,8 @@ TEST_F(SidebarTest, DeletesAtOnceWhatCanBeUndone)
         EXPECT_FALSE(model().indexOf(selection).isValid());
         EXPECT_EQ(state().sidebarSelection.value(), SidebarSelection());
         ASSERT_TRUE(state().notice());
-        EXPECT_THAT(state().notice()->text, testing::HasSubstr("Ctrl+Z"));
-        m_program->workspace.undoStack().undo();
+        EXPECT_THAT(state().notice()->text, HasSubstr("Ctrl+Z"));
+        workspace().undoStack().undo();
         model().update();
         EXPECT_TRUE(model().indexOf(selection).isValid());
     }
@@ -265,21 +246,18 @@ TEST_F(SidebarTest, TakesDroppedFamilies)
     start();
     commands().setTag("web", {m_families[0]}, true);
     model().update();
-    EXPECT_TRUE(dropFamilies(middle(indexOf(Kind::tag, "web")), m_families));
+    EXPECT_TRUE(dropFamilies(middle(indexOf(Kind::tag, "web"))));
     EXPECT_THAT(state().allTags(), ElementsAre(Pair("web", 2)));
-    EXPECT_TRUE(dropFamilies(middle(indexOf(Kind::favorites)), m_families));
+    EXPECT_TRUE(dropFamilies(middle(indexOf(Kind::favorites))));
     EXPECT_THAT(state().favorites(), UnorderedElementsAre(m_families[0], m_families[1]));
-    EXPECT_FALSE(dropFamilies(middle(indexOf(Kind::recents)), m_families));
+    EXPECT_FALSE(dropFamilies(middle(indexOf(Kind::recents))));
 
-    EXPECT_TRUE(dropFamilies({20, tree()->viewport()->height() - 2}, m_families)); // below the last line
+    EXPECT_TRUE(dropFamilies({20, tree()->viewport()->height() - 2})); // below the last line
     ASSERT_THAT(state().collections(), SizeIs(1));
     const std::string id = state().collections().front().id;
     EXPECT_THAT(state().collectionCache().at(id), SizeIs(2));
-    ASSERT_NE(editor(), nullptr);
-    QTest::keyClicks(editor(), QStringLiteral("Affiches"));
-    QTest::keyClick(editor(), Qt::Key_Return);
-    EXPECT_TRUE(waitFor([&] { return editor() == nullptr; })); // the view takes the name a turn later
-    EXPECT_EQ(state().collections().front().name, "Affiches");
+    type("Affiches");
+    EXPECT_EQ(firstCollection(), "Affiches");
 }
 
 TEST_F(SidebarTest, ScrollsToWhatIsOutOfSightWhileDragging)
@@ -291,17 +269,11 @@ TEST_F(SidebarTest, ScrollsToWhatIsOutOfSightWhileDragging)
     m_sidebar->resize(220, 300);
     const QScrollBar &bar = *tree()->verticalScrollBar();
     ASSERT_TRUE(waitFor([&] { return bar.maximum() > 0; }));
-    QMimeData data;
-    data.setData(QLatin1String(kFamiliesMimeType), encodeFamilies(m_families));
-    QDragEnterEvent enter(QPoint(40, 100), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(tree()->viewport(), &enter);
-    const auto rest = [&](int y) {
-        QDragMoveEvent move(QPoint(40, y), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(tree()->viewport(), &move);
-    };
-    rest(tree()->viewport()->height() - 4);
+    const auto data = draggedFamilies();
+    drag<QDragEnterEvent>({40, 100}, *data);
+    drag<QDragMoveEvent>({40, tree()->viewport()->height() - 4}, *data);
     EXPECT_TRUE(waitFor([&] { return bar.value() == bar.maximum(); }));
-    rest(4);
+    drag<QDragMoveEvent>({40, 4}, *data);
     EXPECT_TRUE(waitFor([&] { return bar.value() == 0; }));
 }
 
@@ -320,12 +292,11 @@ TEST_F(SidebarTest, AsksForATag)
 {
     start();
     commands().setTag("web", {"Other"}, true);
-    m_program->workspace.select(m_families);
+    workspace().select(m_families);
     m_sidebar->addTag();
-    auto *name = m_sidebar->findChild<QLineEdit *>(QStringLiteral("tagName"));
-    ASSERT_NE(name, nullptr);
-    QTest::keyClicks(name, QStringLiteral("affiche"));
-    QTest::keyClick(name, Qt::Key_Return);
+    auto &name = child<QLineEdit>(*m_sidebar, "tagName");
+    QTest::keyClicks(&name, QStringLiteral("affiche"));
+    QTest::keyClick(&name, Qt::Key_Return);
     EXPECT_THAT(state().allTags(), Contains(Pair("affiche", 2)));
     EXPECT_FALSE(state().tagPromptFamilies.value());
 }
@@ -335,11 +306,10 @@ TEST_F(SidebarTest, MarksAFolderThatIsGone)
     start();
     const std::string id = state().folderLibrary().folders().front().id;
     EXPECT_FALSE(model().entry(indexOf(Kind::folder, id))->isMissing);
-    std::filesystem::remove_all(m_home / "Polices");
+    fs::remove_all(m_home / "Polices");
     QCoro::waitFor(state().folderLibrary().rescanAll());
     EXPECT_TRUE(waitFor([&] { return model().entry(indexOf(Kind::folder, id))->isMissing; }));
-    EXPECT_THAT(indexOf(Kind::folder, id).data(Qt::ToolTipRole).toString().toStdString(),
-                testing::HasSubstr("introuvable"));
+    EXPECT_THAT(indexOf(Kind::folder, id).data(Qt::ToolTipRole).toString().toStdString(), HasSubstr("introuvable"));
 }
 
 TEST_F(SidebarTest, StaysAsItWasLeft)

@@ -11,12 +11,6 @@
 namespace kerlune {
 namespace {
 
-using testing::Contains;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Not;
-using testing::SizeIs;
-
 class SimilarPanelTest : public WindowHome {
 protected:
     // With the panel about a face of this family.
@@ -37,23 +31,13 @@ protected:
         EXPECT_TRUE(waitFor([&] { return m_panel->isSettled(); }));
     }
 
-    void TearDown() override
-    {
-        m_panel.reset();
-        m_program.reset();
-    }
-
-    AppState &state() const { return m_program->state; }
-
     template <typename Widget>
     Widget *find(const char *name) const
     {
-        auto *const widget = m_panel->findChild<Widget *>(QLatin1String(name));
-        EXPECT_NE(widget, nullptr) << name;
-        return widget;
+        return &child<Widget>(*m_panel, name);
     }
 
-    void click(const char *button) const { QTest::mouseClick(find<QAbstractButton>(button), Qt::LeftButton); }
+    void click(const char *button) const { WindowHome::click(*m_panel, button); }
 
     std::vector<std::string> seenTexts() const
     {
@@ -81,15 +65,13 @@ protected:
         EXPECT_TRUE(waitFor([&] { return !state().fingerprints().isBuilding(); }));
     }
 
-    std::unique_ptr<Program> m_program;
     std::unique_ptr<SimilarPanel> m_panel;
 };
 
 TEST_F(SimilarPanelTest, AnalysesTheLibraryAndShowsEightFontsInTheirOwnFaces)
 {
-    for (const char *font : {"plain.ttf", "i-sans.ttf", "i-slab.ttf", "i-serif.ttf", "i-short.ttf", "i-tall.ttf",
-                             "family-9.ttf", "family-10.ttf", "slanted.ttf", "backslanted.ttf", "mono-post.ttf"})
-        put(std::string("data/fonts/") + font, font);
+    offer({"plain.ttf", "i-sans.ttf", "i-slab.ttf", "i-serif.ttf", "i-short.ttf", "i-tall.ttf", "family-9.ttf",
+           "family-10.ttf", "slanted.ttf", "backslanted.ttf", "mono-post.ttf"});
     open("Essai Plain");
     EXPECT_THAT(seenTexts(), ElementsAre("Kerlune compare les polices en analysant le dessin réel de leurs glyphes."));
     EXPECT_EQ(find<QPushButton>("analyse")->text(), QStringLiteral("Analyser ma bibliothèque"));
@@ -100,7 +82,7 @@ TEST_F(SimilarPanelTest, AnalysesTheLibraryAndShowsEightFontsInTheirOwnFaces)
     EXPECT_THAT(results(), SizeIs(8)); // of nine; the two that lean come last
     EXPECT_EQ(results().front(), "Essai 10, 100 %");
     EXPECT_THAT(results().back(), testing::ContainsRegex("Slanted|Backslanted"));
-    EXPECT_THAT(results(), Not(Contains(testing::HasSubstr("Courier"))));
+    EXPECT_THAT(results(), Not(Contains(HasSubstr("Courier"))));
     EXPECT_THAT(seenTexts(),
                 ElementsAre("Polices similaires", "Écritures non latines",
                             "Les polices arabes, indiennes ou asiatiques ont souvent un latin générique qui remonte à "
@@ -112,8 +94,7 @@ TEST_F(SimilarPanelTest, AnalysesTheLibraryAndShowsEightFontsInTheirOwnFaces)
 
 TEST_F(SimilarPanelTest, SelectsByClickAndCompares)
 {
-    for (const char *font : {"plain.ttf", "i-sans.ttf", "i-slab.ttf"})
-        put(std::string("data/fonts/") + font, font);
+    offer({"plain.ttf", "i-sans.ttf", "i-slab.ttf"});
     open("Essai Plain");
     analyse();
     ASSERT_THAT(results(), SizeIs(2));
@@ -133,8 +114,7 @@ TEST_F(SimilarPanelTest, SelectsByClickAndCompares)
 
 TEST_F(SimilarPanelTest, LeavesOutOtherScriptsWhereItIsTold)
 {
-    put("data/fonts/a.ttf", "plain.ttf");
-    put("data/fonts/b.ttf", "fingerprint-arabic.ttf");
+    offer({"plain.ttf", "fingerprint-arabic.ttf"});
     open("Essai Plain");
     analyse();
     EXPECT_THAT(results(), IsEmpty());
@@ -151,8 +131,7 @@ TEST_F(SimilarPanelTest, LeavesOutOtherScriptsWhereItIsTold)
 // The first analysis runs by itself while somebody opens the panel.
 TEST_F(SimilarPanelTest, ShowsWhatIsFoundWhileItIsOpen)
 {
-    for (const char *font : {"plain.ttf", "i-sans.ttf"})
-        put(std::string("data/fonts/") + font, font);
+    offer({"plain.ttf", "i-sans.ttf"});
     m_program = openLoaded();
     auto building = state().fingerprints().build(state().allRecords());
     m_panel = std::make_unique<SimilarPanel>(m_program->workspace);

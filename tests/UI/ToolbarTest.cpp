@@ -19,26 +19,18 @@ protected:
         put("data/fonts/a.ttf");
         put("data/fonts/b.ttf", "family-9.ttf");
         m_program = openLoaded();
-        m_toolbar = std::make_unique<Toolbar>(m_program->workspace);
+        m_toolbar = std::make_unique<Toolbar>(workspace());
         m_toolbar->resize(1'000, m_toolbar->height());
         m_toolbar->show();
         m_toolbar->activateWindow();
     }
 
-    ~ToolbarTest() override
-    {
-        m_toolbar.reset();
-        m_program.reset();
-    }
-
-    AppState &state() { return m_program->state; }
     template <typename Widget>
     Widget &find(const char *name)
     {
-        return *m_toolbar->findChild<Widget *>(QLatin1String(name));
+        return child<Widget>(*m_toolbar, name);
     }
 
-    std::unique_ptr<Program> m_program;
     std::unique_ptr<Toolbar> m_toolbar;
 };
 
@@ -46,7 +38,7 @@ TEST_F(ToolbarTest, SearchesAsOneTypes)
 {
     start();
     auto &search = find<QLineEdit>("search");
-    QSignalSpy browser(&m_program->workspace, &Workspace::browserWanted);
+    QSignalSpy browser(&workspace(), &Workspace::browserWanted);
     m_toolbar->focusSearch();
     const std::size_t all = state().visibleFamilies().size();
     QTest::keyClicks(&search, QStringLiteral("essai 9"));
@@ -121,7 +113,7 @@ TEST_F(ToolbarTest, ShowsAndSetsTheViewMode)
 {
     start();
     auto &list = find<QToolButton>("viewMode1");
-    QTest::mouseClick(&list, Qt::LeftButton);
+    click(list);
     EXPECT_EQ(state().viewMode.value(), ViewMode::list);
     state().viewMode = ViewMode::compare;
     EXPECT_FALSE(list.isChecked());

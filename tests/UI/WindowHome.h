@@ -1,10 +1,6 @@
 #pragma once
 
-#include "LibraryHome.h"
-#include "MadeFrontApplication.h"
-#include "MadeScriptEngine.h"
-#include "Platform/Linux/FontconfigCatalog.h"
-#include "Platform/Linux/InotifyEventStream.h"
+#include "LibraryProgram.h"
 #include "UI/Workspace.h"
 
 #include <QApplication>
@@ -23,34 +19,13 @@ bool waitFor(Condition &&condition)
 // A home of its own and a program with a window in it, off screen.
 class WindowHome : public LibraryHomeOf<QApplication> {
 protected:
-    static constexpr AppState::Delays kQuick{.registryRefresh = std::chrono::milliseconds(20),
-                                             .folderRescan = std::chrono::milliseconds(20),
-                                             .notice = std::chrono::hours(1),
-                                             .errorNotice = std::chrono::hours(1),
-                                             .applied = std::chrono::hours(1),
-                                             .notApplied = std::chrono::hours(1),
-                                             .foreignChanges = std::chrono::hours(1)};
-
-    struct Program {
+    struct Program : LibraryProgram {
         explicit Program(const WindowHome &test)
-            : processFonts(std::make_shared<ProcessFonts>())
-            , catalog(processFonts, test.m_directories.caches / "descriptors")
-            , registry(processFonts, activationLinksFolder(test.m_directories))
-            , state({catalog, registry, events, scripts, front, test.m_directories}, kQuick)
-            , preferences(test.m_directories)
+            : LibraryProgram(test.m_directories)
+            , preferences(directories)
         {}
         ~Program() { finishBackgroundWork(); }
 
-        void load() { QCoro::waitFor(state.load()); }
-
-        std::shared_ptr<ProcessFonts> processFonts;
-        FontconfigCatalog catalog;
-        LinuxFontRegistry registry;
-        InotifyEventStream events{
-            {.latency = std::chrono::milliseconds(5), .rootCheck = std::chrono::milliseconds(20)}};
-        MadeScriptEngine scripts{[](const std::string &) { return ScriptEngine::Descriptor{"OK|2"}; }};
-        MadeFrontApplication front;
-        AppState state;
         Preferences preferences;
         Theme theme{Appearance::light};
         PreviewQueue previews;
@@ -64,6 +39,33 @@ protected:
         program->load();
         return program;
     }
+    // The same, and the home's "Polices" is watched.
+    std::unique_ptr<Program> openWatching() const
+    {
+        auto program = std::make_unique<Program>(*this);
+        program->workspace.commands().addFolders({QString::fromStdString(m_home / "Polices")});
+        EXPECT_TRUE(waitFor([&] { return program->workspace.commands().work.value().isEmpty(); }));
+        program->load();
+        return program;
+    }
+
+    AppState &state() const { return m_program->state; }
+    Workspace &workspace() const { return m_program->workspace; }
+    LibraryCommands &commands() const { return workspace().commands(); }
+
+    // What has that name below the parent; a test ends where there is none.
+    template <typename Child>
+    static Child &child(const QObject &parent, const char *name)
+    {
+        auto *const found = parent.findChild<Child *>(QLatin1String(name));
+        if (found == nullptr)
+            throw std::runtime_error(std::string("no ") + name);
+        return *found;
+    }
+    static void click(QWidget &widget) { QTest::mouseClick(&widget, Qt::LeftButton); }
+    static void click(const QWidget &parent, const char *name) { click(child<QWidget>(parent, name)); }
+
+    std::unique_ptr<Program> m_program; // outlives what a test shows of it
 };
 
 } // namespace kerlune

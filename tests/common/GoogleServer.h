@@ -1,16 +1,15 @@
 #pragma once
 
+#include "ChildProcess.h"
 #include "TempFolder.h"
 #include "TestFonts.h"
 
 #include <nlohmann/json.hpp>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <array>
-#include <csignal>
 #include <cstdlib>
+#include <memory>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -33,12 +32,9 @@ public:
     }
     ~GoogleServer()
     {
-        stop();
         for (const char *variable : {"SSL_CERT_FILE", "KERLUNE_GOOGLE_METADATA_URL", "KERLUNE_GOOGLE_CSS_URL"})
             unsetenv(variable);
     }
-    GoogleServer(const GoogleServer &) = delete;
-    GoogleServer &operator=(const GoogleServer &) = delete;
 
     // See google_server.py. Fonts are those of plain.ttf unless the plan says otherwise.
     void setPlan(nlohmann::json plan)
@@ -69,14 +65,7 @@ public:
         return most;
     }
 
-    void stop()
-    {
-        if (m_process <= 0)
-            return;
-        kill(m_process, SIGKILL);
-        waitpid(m_process, nullptr, 0);
-        m_process = 0;
-    }
+    void stop() { m_process->end(); }
 
 private:
     void makeCertificates()
@@ -97,33 +86,13 @@ private:
 
     void start()
     {
-        std::array<int, 2> pipe{};
-        if (::pipe(pipe.data()) != 0)
-            throw std::runtime_error("no pipe");
-        const std::string certificate = m_home / "server.pem";
-        const std::string key = m_home / "server.key";
-        const std::string plan = m_home / "plan";
-        const std::string log = m_home / "log";
-        const std::string script = std::string(KERLUNE_TEST_FONTS) + "/../google_server.py";
-        m_process = fork();
-        if (m_process == 0) {
-            dup2(pipe[1], STDOUT_FILENO);
-            execl("/usr/bin/python3", "python3", script.c_str(), certificate.c_str(), key.c_str(), plan.c_str(),
-                  log.c_str(), nullptr);
-            _exit(127);
-        }
-        close(pipe[1]);
-        std::size_t port = 0;
-        char digit = 0;
-        while (read(pipe[0], &digit, 1) == 1 && digit != '\n') {
-            if (digit == ' ')
-                port = 1;
-            else
-                m_ports[port] += digit;
-        }
-        close(pipe[0]);
-        if (m_ports[1].empty())
-            throw std::runtime_error("the server does not start");
+        const auto text = [](const std::filesystem::path &path) { return QString::fromStdString(path); };
+        m_process = std::make_unique<ChildProcess>(
+            QStringLiteral("/usr/bin/python3"),
+            QStringList{text(std::string(KERLUNE_TEST_FONTS) + "/../google_server.py"), text(m_home / "server.pem"),
+                        text(m_home / "server.key"), text(m_home / "plan"), text(m_home / "log")});
+        const std::string ports = m_process->address().toStdString();
+        m_ports = {ports.substr(0, ports.find(' ')), ports.substr(ports.find(' ') + 1)};
     }
 
     std::vector<std::string> lines(std::size_t column) const
@@ -138,7 +107,7 @@ private:
     }
 
     TempFolder m_home;
-    pid_t m_process = 0;
+    std::unique_ptr<ChildProcess> m_process;
     std::array<std::string, 2> m_ports;
 };
 

@@ -10,9 +10,9 @@
 #include "Platform/Linux/ProcessFonts.h"
 #include "TempFolder.h"
 #include "TestFonts.h"
+#include "Testing.h"
 
 #include <QCoreApplication>
-#include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
 namespace kerlune {
@@ -43,6 +43,13 @@ protected:
         std::filesystem::create_directories(path.parent_path());
         std::filesystem::copy_file(testFont(font), path);
         return path;
+    }
+
+    // Copies of test fonts among those of the system.
+    void offer(std::initializer_list<const char *> fonts) const
+    {
+        for (const char *font : fonts)
+            put(std::string("data/fonts/") + font, font);
     }
 
     std::vector<std::string> linked() const { return FontLinks(activationLinksFolder(m_directories)).paths(); }

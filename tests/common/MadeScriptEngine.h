@@ -19,13 +19,19 @@ public:
         : m_answer(std::move(answer))
     {}
 
+    void setAnswer(Answer answer)
+    {
+        const std::scoped_lock lock(m_mutex);
+        m_answer = std::move(answer);
+    }
+
     Result run(const std::string &source) override
     {
-        {
-            const std::scoped_lock lock(m_mutex);
-            m_sources.push_back(source);
-        }
-        return m_answer(source);
+        std::unique_lock lock(m_mutex);
+        m_sources.push_back(source);
+        const Answer answer = m_answer;
+        lock.unlock();
+        return answer(source);
     }
 
     std::vector<std::string> sources() const

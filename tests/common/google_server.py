@@ -9,7 +9,6 @@ prints its two ports, which answer alike. The plan is a JSON file, read anew for
     "metadata"   the answer to /metadata/fonts
     "css"        answers to /css2 by family; else a style sheet that leads to /font/FAMILY, once for each style
     "font"       answers to /font/FAMILY, or to /font/FAMILY/STYLE; else the bytes of "fontFile"
-    "fontPort"   1 when style sheets are to lead to the second port
     "list"       answers to /download/list by family; else 404
 
 An answer is an object with one of: "status" (with an optional "body"), "body", "file", "base64", "redirect" (an
@@ -78,7 +77,7 @@ class Handler(BaseHTTPRequestHandler):
         if address.path == "/metadata/fonts":
             return plan.get("metadata", {"status": 404})
         if address.path == "/css2":
-            return plan.get("css", {}).get(family) or {"body": self.style_sheet(plan, family, spec)}
+            return plan.get("css", {}).get(family) or {"body": self.style_sheet(family, spec)}
         if address.path == "/download/list":
             return plan.get("list", {}).get(family, {"status": 404})
         if address.path.startswith("/font/"):
@@ -86,11 +85,10 @@ class Handler(BaseHTTPRequestHandler):
             return plan.get("font", {}).get(name, {"file": plan.get("fontFile")})
         return {"status": 404}
 
-    def style_sheet(self, plan: dict, family: str, spec: str) -> str:
-        port = ports[plan.get("fontPort", 0)]
+    def style_sheet(self, family: str, spec: str) -> str:
         family = family if family.strip(".") else "dots"  # which no path may hold
         styles = spec.split("@")[1].split(";") if ";" in spec else [""]
-        addresses = [f"https://127.0.0.1:{port}/font/{quote(family, safe='')}" +
+        addresses = [f"https://127.0.0.1:{ports[0]}/font/{quote(family, safe='')}" +
                      (f"/{quote(style)}" if style else "") for style in styles]
         return "".join(f"@font-face {{ src: url({address}) format('truetype'); }}\n" for address in addresses)
 

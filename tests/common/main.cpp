@@ -1,3 +1,5 @@
+// With an event loop for the tests.
+
 #include <QCoreApplication>
 #include <gmock/gmock.h>
 
