@@ -44,8 +44,8 @@ public:
     // that the system itself does not offer.
     virtual Listing availableFonts(Duplicates duplicates) const = 0;
 
-    // Asks the system now for what the next listing needs, and blocks as long. What the system changes between the two
-    // is in the listing after that.
+    // Asks the system now for what the next listing needs, and blocks as long. When fonts come or go between the two,
+    // that listing asks again.
     virtual void readAhead() const {}
 
     // Offers these faces no longer, until their files change: it turned out that they cannot be indexed.

@@ -14,6 +14,7 @@
 #include <QCoreApplication>
 
 #include <chrono>
+#include <thread>
 #include <vector>
 
 namespace kerlune {
@@ -107,6 +108,18 @@ TEST_F(FontCatalogTest, NamesTheFilesThatFontconfigDoesNotOffer)
     EXPECT_THAT(m_catalog.availableFonts(Duplicates::Remove).fonts, IsEmpty());
     EXPECT_THAT(m_catalog.availableFonts(Duplicates::Remove).skipped,
                 Contains(SkippedFont{fonts() / "a.ttf", FontError::RefusedBySystem}));
+}
+
+TEST_F(FontCatalogTest, NoticesWhatCameAfterItReadAhead)
+{
+    offer("plain.ttf", "a.ttf");
+    m_catalog.readAhead();
+    EXPECT_THAT(names(), ElementsAre("EssaiPlain-Regular"));
+    m_catalog.readAhead();
+    std::this_thread::sleep_for(20ms); // folders tell their times by ticks
+    fs::remove(fonts() / "a.ttf");
+    offer("variable.ttf", "deeper.ttf");
+    EXPECT_THAT(names(), Contains("EssaiVariable-Regular"));
 }
 
 // What a start-up must not do is read fonts that have not changed.

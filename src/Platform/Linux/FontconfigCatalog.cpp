@@ -158,7 +158,9 @@ std::vector<WantedFile> FontconfigCatalog::Implementation::wantedFiles()
     LinkResolver links;
     for (const std::string &path : processFonts->paths())
         want({.path = links.resolve(path)});
-    SystemFontFiles system = systemFiles ? *std::exchange(systemFiles, std::nullopt) : readSystemFontFiles();
+    if (!systemFiles || !isUpToDate(*systemFiles))
+        systemFiles = readSystemFontFiles();
+    SystemFontFiles system = *std::exchange(systemFiles, std::nullopt);
     files.reserve(files.size() + system.offered.size());
     known.reserve(files.size() + system.offered.size());
     for (auto &[path, faces] : system.offered)

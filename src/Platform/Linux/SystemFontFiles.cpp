@@ -6,6 +6,7 @@
 
 #include <fontconfig/fontconfig.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
@@ -18,20 +19,28 @@ namespace {
 
 namespace fs = std::filesystem;
 
+fs::file_time_type changeTime(const fs::path &folder)
+{
+    std::error_code error; // then it is the earliest time
+    return fs::last_write_time(folder, error);
+}
+
 // Looks through folders as fontconfig does: hidden names are left out, links are followed, each folder is entered once.
 class FolderWalk final {
 public:
     void enter(const fs::path &folder)
     {
         std::error_code error;
-        if (const fs::path real = fs::canonical(folder, error); error || !folders.insert(real.native()).second)
+        const fs::path real = fs::canonical(folder, error);
+        const std::string &name = error ? folder.native() : real.native();
+        if (!folders.emplace(name, changeTime(folder)).second || error)
             return;
         for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error))
             visit(*entry);
     }
 
-    std::set<std::string> folders;      // those entered, resolved
-    std::vector<std::string> fontFiles; // by their names
+    std::map<std::string, fs::file_time_type> folders; // those entered, resolved, and those that are missing
+    std::vector<std::string> fontFiles;                // by their names
     std::vector<std::string> pipes;
 
 private:
@@ -76,6 +85,7 @@ SystemFontFiles readSystemFontFiles()
     FolderWalk walk;
     for (const std::string &folder : configuredFolders(config.get()))
         walk.enter(folder);
+    files.folders = std::move(walk.folders);
     if (!walk.pipes.empty()) {
         files.pipes = std::move(walk.pipes);
         return files;
@@ -105,6 +115,12 @@ SystemFontFiles readSystemFontFiles()
             files.refused.insert(std::move(file));
     }
     return files;
+}
+
+bool isUpToDate(const SystemFontFiles &files)
+{
+    return std::all_of(files.folders.begin(), files.folders.end(),
+                       [](const auto &folder) { return changeTime(folder.first) == folder.second; });
 }
 
 } // namespace kerlune
