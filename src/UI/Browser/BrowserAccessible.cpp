@@ -119,4 +119,11 @@ void makeBrowserAccessible()
     QAccessible::installFactory(accessibleOf); // which it keeps once
 }
 
+void announceRow(BrowserView &view, int row)
+{
+    QAccessibleEvent reached(&view, QAccessible::Focus);
+    reached.setChild(row);
+    QAccessible::updateAccessibility(&reached);
+}
+
 } // namespace kerlune

@@ -63,6 +63,7 @@ protected:
     int horizontalOffset() const override { return 0; }
     int verticalOffset() const override;
     bool isIndexHidden(const QModelIndex &) const override { return false; }
+    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
     void setSelection(const QRect &rect, QItemSelectionModel::SelectionFlags command) override;
     QRegion visualRegionForSelection(const QItemSelection &selection) const override;
     void updateGeometries() override;

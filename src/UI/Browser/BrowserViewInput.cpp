@@ -1,3 +1,4 @@
+#include "UI/Browser/BrowserAccessible.h"
 #include "UI/Browser/BrowserView.h"
 #include "UI/InterfaceText.h"
 
@@ -365,6 +366,13 @@ int BrowserView::rowOfMove(CursorAction action, int row) const
         return last;
     }
     return row;
+}
+
+void BrowserView::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+{
+    QAbstractItemView::currentChanged(current, previous);
+    if (current.isValid() && hasFocus())
+        announceRow(*this, current.row());
 }
 
 QModelIndex BrowserView::moveCursor(CursorAction action, Qt::KeyboardModifiers)
